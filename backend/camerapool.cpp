@@ -1,0 +1,230 @@
+#include <arv.h>
+
+#include "camerapool.h"
+
+#include "builtincameralogic.h"
+#include "deviceparametercollection.h"
+#include "simulateddevice.h"
+
+#include <parametercollection/exception.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace ParameterCollection;
+
+// Q_INIT_RESOURCE must be used outside any namespace.
+static void initBackendResources()
+{
+    Q_INIT_RESOURCE(backend);
+}
+
+namespace Backend {
+
+namespace {
+
+struct Module {
+    const char* nodeMap;
+    const char* file;
+};
+
+// Host-side modules every camera has, in the order users expect them below the device.
+const Module kModules[] = {
+    {"DeviceTransportLayer", "VantoDeviceTransportLayer"},
+    {"StreamGrabber0", "VantoStreamGrabber"},
+    {"EventGrabber", "VantoEventGrabber"},
+    {"ImageFormatConverter", "VantoImageFormatConverter"},
+};
+
+QByteArray readResource(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return QByteArray();
+    }
+    return file.readAll();
+}
+
+QString textValue(const DeviceParameterCollection& collection, const char* feature)
+{
+    const auto parameter =
+        collection.getParameter(QStringLiteral("@CameraDevice/") + QLatin1String(feature));
+    if (!parameter) {
+        return QString();
+    }
+    const auto data = parameter->getParameterData();
+    return data && data->readable ? data->displayText.trimmed() : QString();
+}
+
+} // namespace
+
+CameraPool::CameraPool(QObject* parent) : IDeviceParameterService(parent)
+{
+    initBackendResources();
+}
+
+CameraPool::~CameraPool()
+{
+    closeAll();
+}
+
+QByteArray CameraPool::builtinCameraXml()
+{
+    initBackendResources();
+    return readResource(QStringLiteral(":/vantoviewer/genicam/VantoSimCamera.xml"));
+}
+
+QString CameraPool::builtinCameraDefaults()
+{
+    initBackendResources();
+    return QString::fromUtf8(readResource(QStringLiteral(":/vantoviewer/genicam/VantoSimCamera.defaults")));
+}
+
+void CameraPool::attachModules(DeviceParameterCollection& collection)
+{
+    for (const Module& module : kModules) {
+        const QString base = QStringLiteral(":/vantoviewer/genicam/") + QLatin1String(module.file);
+        collection.attachSimulated(QLatin1String(module.nodeMap),
+                                   readResource(base + QStringLiteral(".xml")),
+                                   QString::fromUtf8(readResource(base + QStringLiteral(".defaults"))));
+    }
+}
+
+QSharedPointer<CameraInfo> CameraPool::add(const QSharedPointer<CameraInfo>& info,
+                                           const QSharedPointer<DeviceParameterCollection>& collection)
+{
+    m_devices.append(info);
+    m_collections.insert(info.data(), collection);
+    Q_EMIT deviceOpened(info);
+    return info;
+}
+
+QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
+{
+    QByteArray xml;
+    QString defaults;
+    QString name;
+    if (xmlFile.isEmpty()) {
+        xml = builtinCameraXml();
+        defaults = builtinCameraDefaults();
+        name = QStringLiteral("VNT-SIM-2000");
+    } else {
+        QFile file(xmlFile);
+        if (!file.open(QIODevice::ReadOnly)) {
+            throw NotFoundException(xmlFile, QStringLiteral("cannot open the file: %1")
+                                                 .arg(file.errorString()));
+        }
+        xml = file.readAll();
+        name = QFileInfo(xmlFile).completeBaseName();
+    }
+    const QString id = QStringLiteral("Simulated:%1").arg(++m_simulatedCount);
+    auto collection = QSharedPointer<DeviceParameterCollection>::create(id);
+    if (xmlFile.isEmpty()) {
+        collection->setLogicFactory([](SimulatedDevice& device) {
+            return std::unique_ptr<DeviceLogic>(new BuiltinCameraLogic(device));
+        });
+    }
+    collection->attachSimulated(QStringLiteral("CameraDevice"), xml, defaults);
+    collection->setLogicFactory(nullptr);
+    attachModules(*collection);
+
+    QString vendor = textValue(*collection, "DeviceVendorName");
+    QString model = textValue(*collection, "DeviceModelName");
+    if (model.isEmpty()) {
+        model = name;
+    }
+    if (vendor.isEmpty()) {
+        vendor = QStringLiteral("Simulated");
+    }
+    auto info = QSharedPointer<CameraInfo>::create(id, vendor, model,
+                                                   textValue(*collection, "DeviceSerialNumber"),
+                                                   QStringLiteral("Simulated"));
+    return add(info, collection);
+}
+
+QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
+{
+    auto collection = QSharedPointer<DeviceParameterCollection>::create(idOrAddress);
+    QString protocol = QStringLiteral("GigEVision");
+    const QByteArray key = idOrAddress.toUtf8();
+    collection->attachDevice(QStringLiteral("CameraDevice"), [key, &protocol](QString* error) {
+        GError* gerror = nullptr;
+        ArvDevice* device = nullptr;
+        GInetAddress* address = g_inet_address_new_from_string(key.constData());
+        if (address != nullptr) {
+            // An address is opened directly, without discovery.
+            GInetAddress* interfaceAddress =
+                g_inet_address_get_is_loopback(address)
+                    ? g_inet_address_new_loopback(G_SOCKET_FAMILY_IPV4)
+                    : g_inet_address_new_any(G_SOCKET_FAMILY_IPV4);
+            device = arv_gv_device_new(interfaceAddress, address, &gerror);
+            g_object_unref(interfaceAddress);
+            g_object_unref(address);
+        } else {
+            device = arv_open_device(key.constData(), &gerror);
+            if (device != nullptr && ARV_IS_UV_DEVICE(device)) {
+                protocol = QStringLiteral("USB3Vision");
+            }
+        }
+        if (device == nullptr) {
+            *error = gerror != nullptr ? QString::fromUtf8(gerror->message)
+                                       : QStringLiteral("no device %1").arg(QString(key));
+            g_clear_error(&gerror);
+        }
+        return device;
+    });
+    attachModules(*collection);
+    auto info = QSharedPointer<CameraInfo>::create(
+        idOrAddress, textValue(*collection, "DeviceVendorName"),
+        textValue(*collection, "DeviceModelName"), textValue(*collection, "DeviceSerialNumber"),
+        protocol);
+    return add(info, collection);
+}
+
+void CameraPool::close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    if (!info || !m_collections.contains(info.data())) {
+        return;
+    }
+    m_devices.removeAll(info);
+    m_collections.remove(info.data());
+    Q_EMIT deviceClosed(info);
+}
+
+void CameraPool::closeAll()
+{
+    const auto devices = m_devices;
+    for (const auto& info : devices) {
+        close(info);
+    }
+}
+
+QList<CameraPool::DiscoveredDevice> CameraPool::discover()
+{
+    QList<DiscoveredDevice> found;
+    arv_update_device_list();
+    for (unsigned i = 0; i < arv_get_n_devices(); ++i) {
+        DiscoveredDevice d;
+        d.id = QString::fromUtf8(arv_get_device_id(i));
+        d.address = QString::fromUtf8(arv_get_device_address(i));
+        d.vendor = QString::fromUtf8(arv_get_device_vendor(i));
+        d.model = QString::fromUtf8(arv_get_device_model(i));
+        d.serial = QString::fromUtf8(arv_get_device_serial_nbr(i));
+        d.protocol = QString::fromUtf8(arv_get_device_protocol(i));
+        found.append(d);
+    }
+    return found;
+}
+
+QSharedPointer<IParameterCollection>
+CameraPool::getParameterCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info) const
+{
+    return info ? m_collections.value(info.data()) : nullptr;
+}
+
+QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> CameraPool::getOpenDevices() const
+{
+    return m_devices;
+}
+
+} // namespace Backend

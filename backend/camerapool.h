@@ -1,0 +1,61 @@
+#pragma once
+
+#include "camerainfo.h"
+
+#include <camerapool/ideviceparameterservice.h>
+
+#include <QHash>
+#include <QList>
+#include <QSharedPointer>
+
+namespace Backend {
+
+class DeviceParameterCollection;
+
+// The host's device parameter service: opens cameras, real or simulated, and gives each its
+// parameter collection. Network discovery runs only when discover() is called.
+class CameraPool : public Plugin::CameraPool::IDeviceParameterService {
+    Q_OBJECT
+public:
+    struct DiscoveredDevice {
+        QString id;
+        QString address;
+        QString vendor;
+        QString model;
+        QString serial;
+        QString protocol;
+    };
+
+    explicit CameraPool(QObject* parent = nullptr);
+    ~CameraPool() override;
+
+    // The built-in simulated camera when `xmlFile` is empty, else any GenICam description
+    // served on a simulated device. Throws ParameterCollection::Exception on failure.
+    QSharedPointer<CameraInfo> openSimulated(const QString& xmlFile = QString());
+    // A real device by its Aravis id or by its IP address.
+    QSharedPointer<CameraInfo> openDevice(const QString& idOrAddress);
+    void close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    void closeAll();
+
+    // Broadcasts on every interface: only on the user's request.
+    static QList<DiscoveredDevice> discover();
+
+    // The built-in camera's description and start values.
+    static QByteArray builtinCameraXml();
+    static QString builtinCameraDefaults();
+
+    QSharedPointer<ParameterCollection::IParameterCollection>
+    getParameterCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info) const override;
+    QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> getOpenDevices() const override;
+
+private:
+    void attachModules(DeviceParameterCollection& collection);
+    QSharedPointer<CameraInfo> add(const QSharedPointer<CameraInfo>& info,
+                                   const QSharedPointer<DeviceParameterCollection>& collection);
+
+    QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> m_devices;
+    QHash<Plugin::CameraPool::IBaseInfo*, QSharedPointer<DeviceParameterCollection>> m_collections;
+    int m_simulatedCount = 0;
+};
+
+} // namespace Backend

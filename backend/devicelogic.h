@@ -1,0 +1,12 @@
+#pragma once
+
+namespace Backend {
+
+// Behaviour of a simulated device beyond plain memory. A logic object installs its hooks on
+// the device when it is made and lives exactly as long as the device.
+class DeviceLogic {
+public:
+    virtual ~DeviceLogic() = default;
+};
+
+} // namespace Backend

@@ -1,0 +1,653 @@
+#include "deviceparametercollection.h"
+
+#include "deviceparameter.h"
+#include "errormapping.h"
+#include "valuetext.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+
+#include <cmath>
+
+using namespace ParameterCollection;
+
+namespace Backend {
+
+DeviceParameterCollection::DeviceParameterCollection(const QString& name, QObject* parent)
+    : IParameterCollection(parent), m_name(name)
+{
+    qRegisterMetaType<QVector<Backend::PublishedData>>();
+    qRegisterMetaType<ParameterDataPtr>();
+    m_thread.setObjectName(QStringLiteral("device:") + name);
+    m_worker = new DeviceWorker;
+    m_worker->moveToThread(&m_thread);
+    connect(m_worker, &DeviceWorker::published, this, &DeviceParameterCollection::onPublished);
+    connect(m_worker, &DeviceWorker::lost, this, &DeviceParameterCollection::onLost);
+    connect(m_worker, &DeviceWorker::writeFailed, this, &IParameterCollection::writeFailed);
+    m_thread.start();
+}
+
+DeviceParameterCollection::~DeviceParameterCollection()
+{
+    // Parameters unregister their observation from us while they go.
+    for (MapState& m : m_maps) {
+        const auto parameters = std::move(m.parameters);
+        m.parameters.clear();
+    }
+    DeviceWorker* worker = m_worker;
+    QMetaObject::invokeMethod(worker, [worker] { delete worker; }, Qt::BlockingQueuedConnection);
+    m_thread.quit();
+    m_thread.wait();
+}
+
+void DeviceParameterCollection::setLogicFactory(
+    std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> factory)
+{
+    runOnDeviceThread([&factory](DeviceWorker& worker) { worker.setLogicFactory(factory); });
+}
+
+void DeviceParameterCollection::runOnDeviceThread(const std::function<void(DeviceWorker&)>& job)
+{
+    DeviceWorker* worker = m_worker;
+    QMetaObject::invokeMethod(worker, [worker, &job] { job(*worker); },
+                              Qt::BlockingQueuedConnection);
+}
+
+void DeviceParameterCollection::waitForDevice()
+{
+    // Queued signals from the worker that were sent before the no-op ran are delivered by the
+    // event loop pass below.
+    runOnDeviceThread([](DeviceWorker&) {});
+    QCoreApplication::sendPostedEvents(this);
+}
+
+void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QString*)>& job)
+{
+    struct Result {
+        bool done = false;
+        int map = -1;
+        QString error;
+        NodeMapStructurePtr structure;
+        QVector<ParameterDataPtr> snapshot;
+    };
+    auto result = std::make_shared<Result>();
+    QEventLoop loop;
+    QPointer<QEventLoop> loopGuard(&loop);
+    DeviceWorker* worker = m_worker;
+    // The GUI keeps running while the device opens, which can take seconds on a network.
+    QMetaObject::invokeMethod(
+        worker,
+        [worker, job, result, loopGuard, this] {
+            QString error;
+            const int map = job(*worker, &error);
+            if (map >= 0) {
+                result->structure = worker->structure(map);
+                result->snapshot = worker->snapshot(map);
+            }
+            QMetaObject::invokeMethod(
+                this,
+                [result, map, error, loopGuard] {
+                    result->map = map;
+                    result->error = error;
+                    result->done = true;
+                    if (loopGuard) {
+                        loopGuard->quit();
+                    }
+                },
+                Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+    if (!result->done) {
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (result->map < 0) {
+        throw InvalidArgumentException(m_name, result->error);
+    }
+    Q_ASSERT(result->map == m_maps.size());
+    MapState state;
+    state.structure = result->structure;
+    state.data = result->snapshot;
+    state.parameters.resize(state.data.size());
+    state.observers.fill(0, state.data.size());
+    m_mapByPrefix.insert(state.structure->prefix, m_maps.size());
+    m_maps.append(state);
+    Q_EMIT nodeMapAttached(state.structure->name);
+}
+
+void DeviceParameterCollection::attachSimulated(const QString& nodeMapName, const QByteArray& xml,
+                                                const QString& defaults)
+{
+    attach([nodeMapName, xml, defaults](DeviceWorker& worker, QString* error) {
+        return worker.attachSimulated(nodeMapName, xml, defaults, error);
+    });
+}
+
+void DeviceParameterCollection::attachDevice(const QString& nodeMapName,
+                                             std::function<ArvDevice*(QString*)> open)
+{
+    attach([nodeMapName, open](DeviceWorker& worker, QString* error) {
+        ArvDevice* device = open(error);
+        if (device == nullptr) {
+            return -1;
+        }
+        return worker.attachDevice(nodeMapName, device, error);
+    });
+}
+
+QStringList DeviceParameterCollection::getNodeMapNames() const
+{
+    QStringList names;
+    for (const MapState& m : m_maps) {
+        names << m.structure->name;
+    }
+    return names;
+}
+
+NodeMapStructurePtr DeviceParameterCollection::structure(const QString& nodeMapName) const
+{
+    const int map = m_mapByPrefix.value(QLatin1Char('@') + nodeMapName, -1);
+    return map < 0 ? nullptr : m_maps[map].structure;
+}
+
+bool DeviceParameterCollection::locate(const QString& fullName, int* map, int* node) const
+{
+    const int slash = fullName.indexOf(QLatin1Char('/'));
+    if (slash < 0) {
+        return false;
+    }
+    *map = m_mapByPrefix.value(fullName.left(slash), -1);
+    if (*map < 0) {
+        return false;
+    }
+    *node = m_maps[*map].structure->indexOf(fullName.mid(slash + 1));
+    return *node >= 0;
+}
+
+QSharedPointer<IParameter> DeviceParameterCollection::makeParameter(int map, int node) const
+{
+    auto* self = const_cast<DeviceParameterCollection*>(this);
+    const NodeInfo& info = infoOf(map, node);
+    switch (info.type) {
+    case IntegerType:
+        return QSharedPointer<IntegerParameter>::create(self, map, node, info.fullName, info.featureName);
+    case FloatType:
+        return QSharedPointer<FloatParameter>::create(self, map, node, info.fullName, info.featureName);
+    case EnumerationType:
+        return QSharedPointer<EnumParameter>::create(self, map, node, info.fullName, info.featureName);
+    case BooleanType:
+        return QSharedPointer<BooleanParameter>::create(self, map, node, info.fullName, info.featureName);
+    case CommandType:
+        return QSharedPointer<CommandParameter>::create(self, map, node, info.fullName, info.featureName);
+    case StringType:
+        return QSharedPointer<StringParameter>::create(self, map, node, info.fullName, info.featureName);
+    default:
+        return QSharedPointer<PlainParameter>::create(self, map, node, info.fullName, info.featureName);
+    }
+}
+
+QSharedPointer<IParameter> DeviceParameterCollection::getParameter(const QString& fullName) const
+{
+    int map = -1;
+    int node = -1;
+    if (!locate(fullName, &map, &node)) {
+        return {};
+    }
+    auto& slot = m_maps[map].parameters[node];
+    if (!slot) {
+        slot = makeParameter(map, node);
+    }
+    return slot;
+}
+
+QStringList DeviceParameterCollection::getChildren(const QString& fullName) const
+{
+    int map = -1;
+    int node = -1;
+    QStringList names;
+    if (!locate(fullName, &map, &node)) {
+        return names;
+    }
+    const NodeMapStructure& s = *m_maps[map].structure;
+    for (int child : s.nodes[node].children) {
+        names << s.nodes[child].fullName;
+    }
+    return names;
+}
+
+void DeviceParameterCollection::addObserver(int map, int node)
+{
+    MapState& m = m_maps[map];
+    if (m.observers[node]++ == 0 && m.structure->nodes[node].pollingTime > 0) {
+        m.pollElapsed.insert(node, 0);
+    }
+}
+
+void DeviceParameterCollection::removeObserver(int map, int node)
+{
+    MapState& m = m_maps[map];
+    if (m.observers[node] > 0 && --m.observers[node] == 0) {
+        m.pollElapsed.remove(node);
+    }
+}
+
+void DeviceParameterCollection::poll(int elapsedMs)
+{
+    if (m_lost || m_pollInFlight) {
+        return;
+    }
+    DeviceWorker* worker = m_worker;
+    for (int map = 0; map < m_maps.size(); ++map) {
+        MapState& m = m_maps[map];
+        QVector<int> due;
+        for (auto it = m.pollElapsed.begin(); it != m.pollElapsed.end(); ++it) {
+            it.value() += elapsedMs;
+            if (it.value() >= m.structure->nodes[it.key()].pollingTime) {
+                it.value() = 0;
+                due.append(it.key());
+            }
+        }
+        if (due.isEmpty()) {
+            continue;
+        }
+        std::sort(due.begin(), due.end());
+        // One poll at a time: a slow device skips beats instead of piling up reads.
+        m_pollInFlight = true;
+        QPointer<DeviceParameterCollection> self(this);
+        QMetaObject::invokeMethod(
+            worker,
+            [worker, map, due, self] {
+                worker->readObserved(map, due);
+                QMetaObject::invokeMethod(
+                    self.data(),
+                    [self] {
+                        if (self) {
+                            self->m_pollInFlight = false;
+                        }
+                    },
+                    Qt::QueuedConnection);
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void DeviceParameterCollection::refresh()
+{
+    if (m_lost) {
+        return;
+    }
+    DeviceWorker* worker = m_worker;
+    for (int map = 0; map < m_maps.size(); ++map) {
+        QVector<int> observed;
+        for (int node = 0; node < m_maps[map].observers.size(); ++node) {
+            if (m_maps[map].observers[node] > 0) {
+                observed.append(node);
+            }
+        }
+        if (!observed.isEmpty()) {
+            QMetaObject::invokeMethod(worker, [worker, map, observed] {
+                worker->readObserved(map, observed);
+            }, Qt::QueuedConnection);
+        }
+    }
+}
+
+void DeviceParameterCollection::refresh(const QList<ParameterName>& names)
+{
+    for (const ParameterName& name : names) {
+        int map = -1;
+        int node = -1;
+        if (locate(name.toString(), &map, &node)) {
+            readNode(map, node, false);
+        }
+    }
+}
+
+void DeviceParameterCollection::readNode(int map, int node, bool forced)
+{
+    if (m_lost) {
+        return;
+    }
+    DeviceWorker* worker = m_worker;
+    QMetaObject::invokeMethod(worker, [worker, map, node, forced] {
+        worker->readNodes(map, {node}, true, forced);
+    }, Qt::QueuedConnection);
+}
+
+ParameterDataPtr DeviceParameterCollection::withOverride(int map, int node, ParameterDataPtr d) const
+{
+    const auto it = m_maps[map].overrides.constFind(node);
+    if (it == m_maps[map].overrides.constEnd() || !d) {
+        return d;
+    }
+    QSharedPointer<ParameterData> copy = d->clone();
+    if (it->hasVisibility) {
+        copy->visibility = it->visibility;
+    }
+    if (it->hasAccessMode) {
+        // An imposed access mode can take rights away, never grant them.
+        switch (it->accessMode) {
+        case GenApi::NI:
+            copy->implemented = copy->available = copy->readable = copy->writable = false;
+            copy->accessMode = GenApi::NI;
+            break;
+        case GenApi::NA:
+            copy->available = copy->readable = copy->writable = false;
+            copy->accessMode = qMin(copy->accessMode, GenApi::NA);
+            break;
+        case GenApi::RO:
+            copy->writable = false;
+            if (copy->accessMode == GenApi::RW) {
+                copy->accessMode = GenApi::RO;
+            } else if (copy->accessMode == GenApi::WO) {
+                copy->accessMode = GenApi::NA;
+            }
+            break;
+        case GenApi::WO:
+            copy->readable = false;
+            if (copy->accessMode == GenApi::RW) {
+                copy->accessMode = GenApi::WO;
+            } else if (copy->accessMode == GenApi::RO) {
+                copy->accessMode = GenApi::NA;
+            }
+            break;
+        default:
+            break;
+        }
+    }
+    return copy;
+}
+
+void DeviceParameterCollection::store(int map, int node, const ParameterDataPtr& data)
+{
+    MapState& m = m_maps[map];
+    m.data[node] = data;
+    if (const auto& parameter = m.parameters[node]) {
+        Q_EMIT parameter->parameterDataChanged(data);
+    }
+}
+
+void DeviceParameterCollection::onPublished(int map, const QVector<PublishedData>& batch)
+{
+    if (map < 0 || map >= m_maps.size()) {
+        return;
+    }
+    for (const PublishedData& p : batch) {
+        store(map, p.node, withOverride(map, p.node, p.data));
+    }
+}
+
+void DeviceParameterCollection::onLost(const QString& message)
+{
+    if (m_lost) {
+        return;
+    }
+    m_lost = true;
+    Q_EMIT deviceLost(message);
+}
+
+void DeviceParameterCollection::setPropertyOverride(int map, int node, const QString& name,
+                                                    const QString& value)
+{
+    const NodeInfo& info = infoOf(map, node);
+    Override o = m_maps[map].overrides.value(node);
+    if (name == QLatin1String("Visibility")) {
+        if (!GenApi::visibilityFromString(value, &o.visibility)) {
+            throw InvalidArgumentException(
+                info.featureName, QStringLiteral("'%1' is not a visibility").arg(value));
+        }
+        o.hasVisibility = true;
+    } else if (name == QLatin1String("AccessMode")) {
+        if (!GenApi::accessModeFromString(value, &o.accessMode)) {
+            throw InvalidArgumentException(
+                info.featureName, QStringLiteral("'%1' is not an access mode").arg(value));
+        }
+        o.hasAccessMode = true;
+    } else {
+        throw InvalidArgumentException(
+            info.featureName, QStringLiteral("the property '%1' cannot be set").arg(name));
+    }
+    m_maps[map].overrides.insert(node, o);
+    // Re-derive from what the device last said, so that overrides do not pile up.
+    ParameterDataPtr base = m_maps[map].data[node];
+    QSharedPointer<ParameterData> plain = base->clone();
+    plain->visibility = info.visibility;
+    store(map, node, withOverride(map, node, plain));
+    readNode(map, node, true);
+}
+
+QString DeviceParameterCollection::propertyOf(int map, int node, const QString& name) const
+{
+    const NodeInfo& info = infoOf(map, node);
+    const ParameterDataPtr& data = m_maps[map].data[node];
+    if (name == QLatin1String("Name")) {
+        return info.featureName;
+    }
+    if (name == QLatin1String("DisplayName")) {
+        return info.displayName;
+    }
+    if (name == QLatin1String("ToolTip")) {
+        return info.toolTip;
+    }
+    if (name == QLatin1String("Description")) {
+        return info.description;
+    }
+    if (name == QLatin1String("Visibility")) {
+        return GenApi::visibilityToString(data ? data->visibility : info.visibility);
+    }
+    if (name == QLatin1String("AccessMode")) {
+        return data ? GenApi::accessModeToString(data->accessMode) : QString();
+    }
+    if (name == QLatin1String("Representation")) {
+        return info.representation;
+    }
+    if (name == QLatin1String("Unit")) {
+        return info.unit;
+    }
+    if (name == QLatin1String("DisplayNotation")) {
+        static const char* const notations[] = {"Automatic", "Fixed", "Scientific"};
+        return info.type == FloatType ? QLatin1String(notations[qBound(0, info.displayNotation, 2)])
+                                      : QString();
+    }
+    if (name == QLatin1String("DisplayPrecision")) {
+        return info.type == FloatType ? QString::number(info.displayPrecision) : QString();
+    }
+    if (name == QLatin1String("PollingTime")) {
+        return info.pollingTime > 0 ? QString::number(info.pollingTime) : QString();
+    }
+    if (name == QLatin1String("Type")) {
+        return info.nodeType;
+    }
+    return QString();
+}
+
+static qint64 parseInteger(const QVariant& value, const QString& feature)
+{
+    bool ok = false;
+    qint64 v = 0;
+    if (value.type() == QVariant::String || value.type() == QVariant::ByteArray) {
+        const QString text = value.toString().trimmed();
+        if (text.startsWith(QLatin1String("0x")) || text.startsWith(QLatin1String("0X"))) {
+            v = qint64(text.mid(2).toULongLong(&ok, 16));
+        } else {
+            v = text.toLongLong(&ok);
+        }
+    } else if (value.type() == QVariant::Double) {
+        const double d = value.toDouble();
+        ok = std::isfinite(d) && d == std::floor(d);
+        v = qint64(d);
+    } else {
+        v = value.toLongLong(&ok);
+    }
+    if (!ok) {
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not an integer").arg(value.toString()));
+    }
+    return v;
+}
+
+QVariant DeviceParameterCollection::validated(int map, int node, const QVariant& value) const
+{
+    const NodeInfo& info = infoOf(map, node);
+    const QString& feature = info.featureName;
+    const ParameterDataPtr& data = m_maps[map].data[node];
+    if (m_lost) {
+        throw DeviceLostException(feature, QStringLiteral("the device is lost"));
+    }
+    if (!data->implemented) {
+        throw AccessException(feature, QStringLiteral("the feature is not implemented"));
+    }
+    if (!data->available) {
+        throw AccessException(feature, QStringLiteral("the feature is not available"));
+    }
+    if (data->locked) {
+        throw AccessException(feature, QStringLiteral("the feature is locked"));
+    }
+    if (!data->writable) {
+        throw AccessException(feature, QStringLiteral("the feature is not writable (%1)")
+                                           .arg(GenApi::accessModeToString(data->accessMode)));
+    }
+    if (!value.isValid()) {
+        throw InvalidArgumentException(feature, QStringLiteral("no value given"));
+    }
+    switch (info.type) {
+    case IntegerType: {
+        const auto& d = static_cast<const IntegerParameterData&>(*data);
+        const qint64 v = parseInteger(value, feature);
+        if (v < d.min) {
+            throw RangeException(feature, QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+        }
+        if (v > d.max) {
+            throw RangeException(feature, QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
+        }
+        if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
+            throw RangeException(feature,
+                                 QStringLiteral("%1 is not on the grid of increment %2 from %3")
+                                     .arg(v)
+                                     .arg(d.increment)
+                                     .arg(d.min));
+        }
+        return v;
+    }
+    case FloatType: {
+        const auto& d = static_cast<const FloatParameterData&>(*data);
+        bool ok = false;
+        const double v = value.type() == QVariant::String ? value.toString().trimmed().toDouble(&ok)
+                                                          : value.toDouble(&ok);
+        if (!ok || !std::isfinite(v)) {
+            throw InvalidArgumentException(
+                feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
+        }
+        if (v < d.min) {
+            throw RangeException(feature, QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+        }
+        if (v > d.max) {
+            throw RangeException(feature, QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
+        }
+        if (d.hasIncrement) {
+            const double steps = (v - d.min) / d.increment;
+            if (std::fabs(steps - std::round(steps)) > 1e-6) {
+                throw RangeException(feature,
+                                     QStringLiteral("%1 is not on the grid of increment %2 from %3")
+                                         .arg(v)
+                                         .arg(d.increment)
+                                         .arg(d.min));
+            }
+        }
+        return v;
+    }
+    case BooleanType: {
+        if (value.type() == QVariant::String) {
+            const QString t = value.toString().trimmed().toLower();
+            if (t == QLatin1String("1") || t == QLatin1String("true")) {
+                return true;
+            }
+            if (t == QLatin1String("0") || t == QLatin1String("false")) {
+                return false;
+            }
+            throw InvalidArgumentException(
+                feature, QStringLiteral("'%1' is not a boolean").arg(value.toString()));
+        }
+        return value.toBool();
+    }
+    case EnumerationType: {
+        const auto& d = static_cast<const EnumParameterData&>(*data);
+        const QString name = value.toString();
+        for (const auto& entry : d.entries) {
+            if (entry.name == name) {
+                return name;
+            }
+        }
+        bool isNumber = false;
+        const qint64 number = value.toLongLong(&isNumber);
+        if (isNumber && value.type() != QVariant::String) {
+            for (const auto& entry : d.entries) {
+                if (entry.intValue == number) {
+                    return entry.name;
+                }
+            }
+        }
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not an available entry").arg(name));
+    }
+    case StringType: {
+        const auto& d = static_cast<const StringParameterData&>(*data);
+        const QString s = value.toString();
+        if (d.maxLength > 0 && s.toUtf8().size() > d.maxLength) {
+            throw RangeException(feature, QStringLiteral("the text is longer than %1 bytes")
+                                              .arg(d.maxLength));
+        }
+        return s;
+    }
+    case CommandType:
+        return value.toBool();
+    default:
+        throw AccessException(feature, QStringLiteral("the node holds no value"));
+    }
+}
+
+void DeviceParameterCollection::write(int map, int node, const QVariant& value)
+{
+    const QVariant v = validated(map, node, value);
+    const NodeInfo& info = infoOf(map, node);
+    if (info.type == CommandType && !v.toBool()) {
+        return;
+    }
+    // Show the value at once; the device's answer follows and corrects it.
+    QSharedPointer<ParameterData> optimistic = m_maps[map].data[node]->clone();
+    optimistic->value = v;
+    switch (info.type) {
+    case IntegerType:
+        optimistic->displayText = integerText(v.toLongLong(), info.representation);
+        break;
+    case FloatType:
+        optimistic->displayText = floatText(v.toDouble(), info.displayNotation, info.displayPrecision);
+        break;
+    case BooleanType:
+        optimistic->displayText = v.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+        break;
+    case EnumerationType: {
+        auto* e = static_cast<EnumParameterData*>(optimistic.data());
+        for (const auto& entry : e->entries) {
+            if (entry.name == v.toString()) {
+                e->displayText = entry.displayName;
+                e->intValue = entry.intValue;
+            }
+        }
+        break;
+    }
+    case CommandType:
+        static_cast<CommandParameterData*>(optimistic.data())->done = false;
+        break;
+    default:
+        optimistic->displayText = v.toString();
+    }
+    store(map, node, optimistic);
+
+    DeviceWorker* worker = m_worker;
+    if (worker->enqueueWrite({map, node, v})) {
+        QMetaObject::invokeMethod(worker, [worker] { worker->processWrites(); },
+                                  Qt::QueuedConnection);
+    }
+}
+
+} // namespace Backend

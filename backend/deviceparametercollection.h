@@ -1,0 +1,106 @@
+#pragma once
+
+#include "deviceworker.h"
+#include "nodemapstructure.h"
+
+#include <parametercollection/iparametercollection.h>
+
+#include <QHash>
+#include <QPointer>
+#include <QThread>
+#include <QVector>
+
+#include <functional>
+#include <memory>
+
+namespace Backend {
+
+class SimulatedDevice;
+
+// The parameter collection of one device. Lives on the GUI thread and answers everything from
+// the structure and the latest value snapshots; device I/O runs on the device thread owned
+// here, one per device.
+class DeviceParameterCollection : public ParameterCollection::IParameterCollection {
+    Q_OBJECT
+public:
+    explicit DeviceParameterCollection(const QString& name, QObject* parent = nullptr);
+    ~DeviceParameterCollection() override;
+
+    // Installs device behaviour on every simulated node map attached afterwards.
+    void setLogicFactory(std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> factory);
+
+    // Attach a node map and wait for it while the event loop runs. Throw
+    // ParameterCollection::InvalidArgumentException with the reason on failure.
+    void attachSimulated(const QString& nodeMapName, const QByteArray& xml,
+                         const QString& defaults = QString());
+    // `open` runs on the device thread and returns a new ArvDevice reference or null with
+    // the error text set.
+    void attachDevice(const QString& nodeMapName, std::function<ArvDevice*(QString*)> open);
+
+    // IParameterCollection
+    QString getName() const override { return m_name; }
+    QStringList getNodeMapNames() const override;
+    QSharedPointer<ParameterCollection::IParameter>
+    getParameter(const QString& fullName) const override;
+    using ParameterCollection::IParameterCollection::getParameter;
+    QStringList getChildren(const QString& fullName) const override;
+    void poll(int elapsedMs) override;
+    void refresh() override;
+    void refresh(const QList<ParameterCollection::ParameterName>& names) override;
+    bool isLost() const override { return m_lost; }
+
+    NodeMapStructurePtr structure(const QString& nodeMapName) const;
+    // Runs `job` on the device thread and waits for it; for tests, tools and benchmarks.
+    void runOnDeviceThread(const std::function<void(DeviceWorker&)>& job);
+    // Waits until every job queued so far has run and its results have arrived.
+    void waitForDevice();
+
+    // For the parameters.
+    ParameterCollection::ParameterDataPtr dataOf(int map, int node) const
+    {
+        return m_maps[map].data[node];
+    }
+    const NodeInfo& infoOf(int map, int node) const { return m_maps[map].structure->nodes[node]; }
+    void write(int map, int node, const QVariant& value);
+    void readNode(int map, int node, bool forced);
+    void setPropertyOverride(int map, int node, const QString& name, const QString& value);
+    QString propertyOf(int map, int node, const QString& name) const;
+    void addObserver(int map, int node);
+    void removeObserver(int map, int node);
+
+private:
+    struct Override {
+        bool hasVisibility = false;
+        GenApi::EVisibility visibility = GenApi::Beginner;
+        bool hasAccessMode = false;
+        GenApi::EAccessMode accessMode = GenApi::RW;
+    };
+    struct MapState {
+        NodeMapStructurePtr structure;
+        QVector<ParameterCollection::ParameterDataPtr> data;
+        mutable QVector<QSharedPointer<ParameterCollection::IParameter>> parameters;
+        QVector<int> observers;
+        QHash<int, int> pollElapsed; // observed, polled nodes: time since their last read
+        QHash<int, Override> overrides;
+    };
+
+    void onPublished(int map, const QVector<Backend::PublishedData>& batch);
+    void onLost(const QString& message);
+    ParameterCollection::ParameterDataPtr withOverride(int map, int node,
+                                                       ParameterCollection::ParameterDataPtr d) const;
+    void store(int map, int node, const ParameterCollection::ParameterDataPtr& data);
+    QVariant validated(int map, int node, const QVariant& value) const;
+    QSharedPointer<ParameterCollection::IParameter> makeParameter(int map, int node) const;
+    bool locate(const QString& fullName, int* map, int* node) const;
+    void attach(const std::function<int(DeviceWorker&, QString*)>& job);
+
+    QString m_name;
+    QThread m_thread;
+    DeviceWorker* m_worker = nullptr; // lives on m_thread, deleted there
+    QVector<MapState> m_maps;
+    QHash<QString, int> m_mapByPrefix;
+    bool m_lost = false;
+    bool m_pollInFlight = false;
+};
+
+} // namespace Backend

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "nodemapstructure.h"
+
+#include <QMutex>
+#include <QObject>
+#include <QSet>
+#include <QString>
+#include <QTimer>
+#include <QVariant>
+#include <QVector>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+typedef struct _ArvDevice ArvDevice;
+
+namespace Backend {
+
+class SimulatedDevice;
+class DeviceLogic;
+
+// A write accepted on the GUI thread, waiting for the device thread.
+struct PendingWrite {
+    int map = -1;
+    int node = -1;
+    QVariant value;
+};
+
+// Owns every Aravis object of one device and is the only code that touches them. Lives on the
+// device's own thread; the collection talks to it with queued calls and hears back through
+// queued signals, so a device that hangs for seconds never stalls the GUI.
+class DeviceWorker : public QObject {
+    Q_OBJECT
+public:
+    explicit DeviceWorker(QObject* parent = nullptr);
+    ~DeviceWorker() override;
+
+    // Device thread. Each attaches one node map and returns its index, or -1 with `error` set.
+    int attachSimulated(const QString& nodeMapName, const QByteArray& xml,
+                        const QString& defaults, QString* error);
+    // Takes over a reference to `device`, which must have been opened on this thread.
+    int attachDevice(const QString& nodeMapName, ArvDevice* device, QString* error);
+
+    // Device thread. The structure and first values of an attached node map.
+    NodeMapStructurePtr structure(int map) const;
+    QVector<ParameterCollection::ParameterDataPtr> snapshot(int map) const;
+
+    // Any thread: writes are queued here and coalesced; returns true when the caller must
+    // schedule processWrites().
+    bool enqueueWrite(const PendingWrite& write);
+
+    // Device thread.
+    void processWrites();
+    void readNodes(int map, const QVector<int>& nodes, bool bypassCache, bool forced);
+    void readObserved(int map, const QVector<int>& nodes); // refresh past the cache
+
+    // The simulated device behind a node map, or null. Device thread only, except for the
+    // thread-safe counters and fault settings of SimulatedDevice.
+    SimulatedDevice* simulatedDevice(int map) const;
+    // Runs `fn` on every node map's device logic hook point after attach; used to install the
+    // built-in camera's behaviour.
+    void setLogicFactory(std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> factory);
+
+    bool isLost() const { return m_lost.load(); }
+    // Any thread: the device told us it is gone (Aravis's control-lost comes from its own
+    // heartbeat thread).
+    void markLost(const QString& message);
+
+    // Nodes that a write to `node` can change, including itself. Device thread.
+    QVector<int> dependencyClosure(int map, int node) const;
+
+Q_SIGNALS:
+    void published(int map, QVector<Backend::PublishedData> batch);
+    void writeFailed(const QString& fullName, const QString& message);
+    void lost(const QString& message);
+
+private:
+    struct NodeMap;
+
+    ParameterCollection::ParameterDataPtr readNode(NodeMap& map, int node, bool* deviceFailed);
+    void buildStructure(NodeMap& map);
+    bool writeNode(NodeMap& map, int node, const QVariant& value, QString* error,
+                   bool* deviceFailed);
+    void scheduleCommandCheck(int map, int node);
+    int finishAttach(std::unique_ptr<NodeMap> map, QString* error);
+
+    std::vector<std::unique_ptr<NodeMap>> m_maps;
+    QMutex m_writeMutex;
+    QVector<PendingWrite> m_pendingWrites;
+    std::atomic<bool> m_lost{false};
+    QString m_lostMessage;
+    std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> m_logicFactory;
+    QSet<QPair<int, int>> m_runningCommands;
+    QTimer* m_commandTimer = nullptr;
+};
+
+} // namespace Backend

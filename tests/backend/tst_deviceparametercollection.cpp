@@ -1,0 +1,404 @@
+#include "testsupport.h"
+
+#include <devicelogic.h>
+#include <deviceparametercollection.h>
+#include <simulateddevice.h>
+
+#include <parametercollection/exception.h>
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace ParameterCollection;
+using Backend::DeviceParameterCollection;
+using Backend::DeviceWorker;
+using Backend::SimulatedDevice;
+
+namespace {
+
+const QString kDefaults = QStringLiteral("Width=1024\nHeight=768\nMode=Off\nTemperatureReg=40.0\n");
+
+// Opens minimal.xml and computes PayloadSize on the device, the way a camera does.
+std::unique_ptr<DeviceParameterCollection> openMinimal(const QString& xml = QStringLiteral("minimal.xml"))
+{
+    struct PayloadLogic : Backend::DeviceLogic {
+        explicit PayloadLogic(SimulatedDevice& device)
+        {
+            device.addReadHook([](SimulatedDevice& d, quint64 address, quint32) {
+                if (address == 0x118) {
+                    d.pokeInt(0x118, d.peekInt(0x100, 4) * d.peekInt(0x104, 4), 4);
+                }
+            });
+        }
+    };
+    auto collection = std::make_unique<DeviceParameterCollection>(QStringLiteral("test"));
+    collection->setLogicFactory([](SimulatedDevice& device) {
+        return std::unique_ptr<Backend::DeviceLogic>(new PayloadLogic(device));
+    });
+    collection->attachSimulated(QStringLiteral("CameraDevice"), testData(xml), kDefaults);
+    return collection;
+}
+
+SimulatedDevice* deviceOf(DeviceParameterCollection& collection)
+{
+    SimulatedDevice* device = nullptr;
+    collection.runOnDeviceThread([&device](DeviceWorker& w) { device = w.simulatedDevice(0); });
+    return device;
+}
+
+template <class E, class F> QString expectThrow(F f)
+{
+    try {
+        f();
+    } catch (const E& e) {
+        return QString::fromUtf8(e.what());
+    } catch (const std::exception& e) {
+        return QStringLiteral("wrong exception: ") + QString::fromUtf8(e.what());
+    }
+    return QStringLiteral("nothing thrown");
+}
+
+QVariant valueOf(const DeviceParameterCollection& c, const QString& name)
+{
+    return c.getParameter(name)->getParameterData()->value;
+}
+
+} // namespace
+
+class tst_DeviceParameterCollection : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void shouldAnswerStructureAndFirstValuesFromMemory();
+    void shouldGiveOneParameterObjectPerName();
+    void shouldThrowTypedErrorsNamingTheFeature();
+    void shouldShowWrittenValueAtOnceAndDeliverConsequences();
+    void shouldReadOnlyTheDependencyClosureAfterWrite();
+    void shouldCoalesceConsecutiveWritesToOneFeature();
+    void shouldPollOnlyObservedFeaturesWhoseTimeElapsed();
+    void shouldMakeNoDeviceReadWhenNothingIsDue();
+    void shouldRefreshObservedFeaturesPastTheCache();
+    void shouldDeliverForcedCheckEvenWithoutChange();
+    void shouldOverrideVisibilityAndAccessMode();
+    void shouldRejectOverrideTextItDoesNotUnderstand();
+    void shouldReportRefusedWriteAndRevert();
+    void shouldBecomeLostWhenDeviceStopsAnswering();
+    void shouldBreakCategoryCycles();
+    void shouldNotEvaluateReferenceCycles();
+    void shouldAnnounceEachAttachedNodeMap();
+};
+
+void tst_DeviceParameterCollection::shouldAnswerStructureAndFirstValuesFromMemory()
+{
+    auto c = openMinimal();
+    QCOMPARE(c->getNodeMapNames(), QStringList{QStringLiteral("CameraDevice")});
+    QCOMPARE(c->getChildren(QStringLiteral("@CameraDevice/Root")),
+             QStringList{QStringLiteral("@CameraDevice/ImageFormatControl")});
+    QCOMPARE(c->getChildren(QStringLiteral("@CameraDevice/ImageFormatControl")).size(), 6);
+
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    QVERIFY(width);
+    QCOMPARE(width->getType(), int(IntegerType));
+    QCOMPARE(width->getFeatureName(), QStringLiteral("Width"));
+    QCOMPARE(width->getProperty(QStringLiteral("Representation")), QStringLiteral("Linear"));
+    const auto data = width->getParameterData().staticCast<const IntegerParameterData>();
+    QCOMPARE(data->value.toLongLong(), 1024);
+    QCOMPARE(data->min, 16);
+    QCOMPARE(data->max, 4096);
+    QCOMPARE(data->increment, 16);
+    QCOMPARE(data->accessMode, GenApi::RW);
+    QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/PayloadSize")).toLongLong(), 1024 * 768);
+    QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/Mode")).toString(), QStringLiteral("Off"));
+    QCOMPARE(c->getParameter(QStringLiteral("@CameraDevice/Temperature"))->getProperty(QStringLiteral("PollingTime")),
+             QStringLiteral("1000"));
+    QVERIFY(!c->getParameter(QStringLiteral("@CameraDevice/NoSuchFeature")));
+    QVERIFY(!c->getParameter(QStringLiteral("@NoSuchMap/Width")));
+}
+
+void tst_DeviceParameterCollection::shouldGiveOneParameterObjectPerName()
+{
+    auto c = openMinimal();
+    QCOMPARE(c->getParameter(QStringLiteral("@CameraDevice/Width")).data(),
+             c->getParameter(QStringLiteral("@CameraDevice/Width")).data());
+    QVERIFY(qobject_cast<IIntegerParameter*>(c->getParameter(QStringLiteral("@CameraDevice/Width")).data()));
+    QVERIFY(qobject_cast<IEnumParameter*>(c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
+    QVERIFY(!qobject_cast<ICommandParameter*>(c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
+}
+
+void tst_DeviceParameterCollection::shouldThrowTypedErrorsNamingTheFeature()
+{
+    auto c = openMinimal();
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    QCOMPARE(expectThrow<RangeException>([&] { width->setValue(QVariant(5000)); }),
+             QStringLiteral("[Width] 5000 is above the maximum 4096"));
+    QCOMPARE(expectThrow<RangeException>([&] { width->setValue(QVariant(8)); }),
+             QStringLiteral("[Width] 8 is below the minimum 16"));
+    QCOMPARE(expectThrow<RangeException>([&] { width->setValue(QVariant(100)); }),
+             QStringLiteral("[Width] 100 is not on the grid of increment 16 from 16"));
+    QCOMPARE(expectThrow<InvalidArgumentException>([&] { width->setValue(QStringLiteral("wide")); }),
+             QStringLiteral("[Width] 'wide' is not an integer"));
+    const auto temperature = c->getParameter(QStringLiteral("@CameraDevice/Temperature"));
+    QCOMPARE(expectThrow<AccessException>([&] { temperature->setValue(QVariant(3.0)); }),
+             QStringLiteral("[Temperature] the feature is not writable (RO)"));
+    const auto mode = c->getParameter(QStringLiteral("@CameraDevice/Mode"));
+    QCOMPARE(expectThrow<InvalidArgumentException>([&] { mode->setValue(QStringLiteral("Sideways")); }),
+             QStringLiteral("[Mode] 'Sideways' is not an available entry"));
+    // Hexadecimal text is an integer too.
+    width->setValue(QStringLiteral("0x100"));
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 256);
+}
+
+void tst_DeviceParameterCollection::shouldShowWrittenValueAtOnceAndDeliverConsequences()
+{
+    auto c = openMinimal();
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    const auto payload = c->getParameter(QStringLiteral("@CameraDevice/PayloadSize"));
+    QSignalSpy payloadSpy(payload.data(), &IParameter::parameterDataChanged);
+
+    width->setValue(QVariant(640));
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 640); // before the device answered
+    QVERIFY(payloadSpy.wait());
+    QCOMPARE(payload->getParameterData()->value.toLongLong(), 640 * 768);
+    QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/ImageArea")).toLongLong(), 640 * 768);
+}
+
+void tst_DeviceParameterCollection::shouldReadOnlyTheDependencyClosureAfterWrite()
+{
+    auto c = openMinimal();
+    SimulatedDevice* device = deviceOf(*c);
+    QVector<int> closure;
+    c->runOnDeviceThread([&closure](DeviceWorker& w) {
+        closure = w.dependencyClosure(0, w.structure(0)->indexOf(QStringLiteral("Width")));
+    });
+    const auto structure = c->structure(QStringLiteral("CameraDevice"));
+    QStringList closureNames;
+    for (int node : closure) {
+        closureNames << structure->nodes[node].featureName;
+    }
+    closureNames.sort();
+    QCOMPARE(closureNames, (QStringList{QStringLiteral("ImageArea"), QStringLiteral("PayloadSize"),
+                                        QStringLiteral("PayloadSizeReg"), QStringLiteral("Width"),
+                                        QStringLiteral("WidthReg")}));
+
+    device->resetCounters();
+    c->getParameter(QStringLiteral("@CameraDevice/Width"))->setValue(QVariant(512));
+    c->waitForDevice();
+    // Of the closure only PayloadSizeReg is uncached, read once for PayloadSize and once for
+    // the register node itself; nothing outside the closure (such as the uncached
+    // TemperatureReg) is touched.
+    QCOMPARE(device->readLog(), (QVector<quint64>{0x118, 0x118}));
+    QCOMPARE(device->writeCount(), 1);
+    QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/PayloadSize")).toLongLong(), 512 * 768);
+}
+
+void tst_DeviceParameterCollection::shouldCoalesceConsecutiveWritesToOneFeature()
+{
+    auto c = openMinimal();
+    SimulatedDevice* device = deviceOf(*c);
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    // Hold the device thread so that the writes queue up, as over a slow link.
+    QSemaphore started;
+    QSemaphore release;
+    auto* worker = static_cast<QObject*>(nullptr);
+    c->runOnDeviceThread([&worker](DeviceWorker& w) { worker = &w; });
+    QMetaObject::invokeMethod(worker, [&] { started.release(); release.acquire(); },
+                              Qt::QueuedConnection);
+    started.acquire();
+    device->resetCounters();
+    for (int w = 32; w <= 320; w += 32) {
+        width->setValue(QVariant(w));
+    }
+    release.release();
+    c->waitForDevice();
+    QCOMPARE(device->writeCount(), 1);
+    QCOMPARE(device->peekInt(0x100, 4), 320);
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 320);
+}
+
+void tst_DeviceParameterCollection::shouldPollOnlyObservedFeaturesWhoseTimeElapsed()
+{
+    auto c = openMinimal();
+    SimulatedDevice* device = deviceOf(*c);
+    const auto temperature = c->getParameter(QStringLiteral("@CameraDevice/Temperature"));
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    temperature->addObserver();
+    width->addObserver(); // observed, but has no polling time
+    device->resetCounters();
+    for (int i = 0; i < 3; ++i) {
+        c->poll(300);
+        c->waitForDevice();
+    }
+    QCOMPARE(device->readCount(), 0);
+    c->poll(300); // 1200 ms since the start: due
+    c->waitForDevice();
+    QCOMPARE(device->readLog(), QVector<quint64>{0x108});
+    temperature->removeObserver();
+    device->resetCounters();
+    c->poll(5000);
+    c->waitForDevice();
+    QCOMPARE(device->readCount(), 0);
+}
+
+void tst_DeviceParameterCollection::shouldMakeNoDeviceReadWhenNothingIsDue()
+{
+    auto c = openMinimal();
+    SimulatedDevice* device = deviceOf(*c);
+    c->getParameter(QStringLiteral("@CameraDevice/Temperature"))->addObserver();
+    device->resetCounters();
+    c->poll(10);
+    c->waitForDevice();
+    QCOMPARE(device->readCount(), 0);
+}
+
+void tst_DeviceParameterCollection::shouldRefreshObservedFeaturesPastTheCache()
+{
+    auto c = openMinimal();
+    SimulatedDevice* device = deviceOf(*c);
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    width->addObserver();
+    QSignalSpy spy(width.data(), &IParameter::parameterDataChanged);
+    // The device changes the register behind the cache's back.
+    c->runOnDeviceThread([device](DeviceWorker&) { device->pokeInt(0x100, 2048, 4); });
+    c->refresh(QList<ParameterName>{});
+    c->refresh();
+    c->waitForDevice();
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 2048);
+    QCOMPARE(spy.count(), 1);
+}
+
+void tst_DeviceParameterCollection::shouldDeliverForcedCheckEvenWithoutChange()
+{
+    auto c = openMinimal();
+    const auto height = c->getParameter(QStringLiteral("@CameraDevice/Height"));
+    QSignalSpy spy(height.data(), &IParameter::parameterDataChanged);
+    height->getAdvancedParameterAccess()->refreshParameterData();
+    c->waitForDevice();
+    QCOMPARE(spy.count(), 0);
+    height->getAdvancedParameterAccess()->scheduleForcedParameterDataChangedCheck();
+    c->waitForDevice();
+    QCOMPARE(spy.count(), 1);
+}
+
+void tst_DeviceParameterCollection::shouldOverrideVisibilityAndAccessMode()
+{
+    auto c = openMinimal();
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    QSignalSpy spy(width.data(), &IParameter::parameterDataChanged);
+    width->getAdvancedParameterAccess()->setProperty(QStringLiteral("Visibility"),
+                                                     QStringLiteral("Guru"));
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(width->getParameterData()->visibility, GenApi::Guru);
+    QCOMPARE(width->getProperty(QStringLiteral("Visibility")), QStringLiteral("Guru"));
+    width->getAdvancedParameterAccess()->setProperty(QStringLiteral("AccessMode"),
+                                                     QStringLiteral("RO"));
+    QCOMPARE(width->getParameterData()->accessMode, GenApi::RO);
+    QVERIFY(!width->getParameterData()->writable);
+    QCOMPARE(expectThrow<AccessException>([&] { width->setValue(QVariant(32)); }),
+             QStringLiteral("[Width] the feature is not writable (RO)"));
+    // Later values from the device keep the override.
+    c->waitForDevice();
+    width->getAdvancedParameterAccess()->scheduleForcedParameterDataChangedCheck();
+    c->waitForDevice();
+    QCOMPARE(width->getParameterData()->visibility, GenApi::Guru);
+    QCOMPARE(width->getParameterData()->accessMode, GenApi::RO);
+}
+
+void tst_DeviceParameterCollection::shouldRejectOverrideTextItDoesNotUnderstand()
+{
+    auto c = openMinimal();
+    auto* access = c->getParameter(QStringLiteral("@CameraDevice/Width"))->getAdvancedParameterAccess();
+    QCOMPARE(expectThrow<InvalidArgumentException>(
+                 [&] { access->setProperty(QStringLiteral("Visibility"), QStringLiteral("Wizard")); }),
+             QStringLiteral("[Width] 'Wizard' is not a visibility"));
+    QCOMPARE(expectThrow<InvalidArgumentException>(
+                 [&] { access->setProperty(QStringLiteral("AccessMode"), QStringLiteral("rw")); }),
+             QStringLiteral("[Width] 'rw' is not an access mode"));
+    QCOMPARE(expectThrow<InvalidArgumentException>(
+                 [&] { access->setProperty(QStringLiteral("Unit"), QStringLiteral("mm")); }),
+             QStringLiteral("[Width] the property 'Unit' cannot be set"));
+}
+
+void tst_DeviceParameterCollection::shouldReportRefusedWriteAndRevert()
+{
+    auto c = openMinimal();
+    deviceOf(*c)->setFault(SimulatedDevice::Fault::RefuseWrites);
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    QSignalSpy failed(c.get(), &IParameterCollection::writeFailed);
+    width->setValue(QVariant(320));
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 320);
+    QVERIFY(failed.wait());
+    QCOMPARE(failed.at(0).at(0).toString(), QStringLiteral("@CameraDevice/Width"));
+    QVERIFY2(failed.at(0).at(1).toString().contains(QStringLiteral("Access denied")),
+             qPrintable(failed.at(0).at(1).toString()));
+    QTRY_COMPARE(width->getParameterData()->value.toLongLong(), 1024);
+    QVERIFY(!c->isLost());
+}
+
+void tst_DeviceParameterCollection::shouldBecomeLostWhenDeviceStopsAnswering()
+{
+    auto c = openMinimal();
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    width->addObserver();
+    QSignalSpy lost(c.get(), &IParameterCollection::deviceLost);
+    deviceOf(*c)->setFault(SimulatedDevice::Fault::Timeout);
+    c->refresh();
+    QVERIFY(lost.wait());
+    QVERIFY(c->isLost());
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 1024); // last data kept
+    QCOMPARE(expectThrow<DeviceLostException>([&] { width->setValue(QVariant(32)); }),
+             QStringLiteral("[Width] the device is lost"));
+    c->poll(100000); // polling has stopped: nothing queued, nothing thrown
+}
+
+void tst_DeviceParameterCollection::shouldBreakCategoryCycles()
+{
+    auto c = openMinimal(QStringLiteral("selfcategory.xml"));
+    const auto structure = c->structure(QStringLiteral("CameraDevice"));
+    QVERIFY(!structure->problems.isEmpty());
+    // Walking every path from Root ends.
+    int visited = 0;
+    std::function<void(const QString&, int)> walk = [&](const QString& name, int depth) {
+        QVERIFY2(depth < 10, qPrintable(name));
+        ++visited;
+        for (const QString& child : c->getChildren(name)) {
+            walk(child, depth + 1);
+        }
+    };
+    walk(QStringLiteral("@CameraDevice/Root"), 0);
+    QVERIFY(visited > 5);
+    QVERIFY(!c->getChildren(QStringLiteral("@CameraDevice/ImageFormatControl"))
+                 .contains(QStringLiteral("@CameraDevice/ImageFormatControl")));
+}
+
+void tst_DeviceParameterCollection::shouldNotEvaluateReferenceCycles()
+{
+    auto c = openMinimal(QStringLiteral("pvaluecycle.xml"));
+    for (const char* name : {"CycleA", "CycleB", "CycleC"}) {
+        const auto data = c->getParameter(QStringLiteral("@CameraDevice/") + QLatin1String(name))
+                              ->getParameterData();
+        QVERIFY2(!data->readable, name);
+        QVERIFY2(data->errorText.contains(QStringLiteral("cycle")), name);
+    }
+    QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/Width")).toLongLong(), 1024);
+}
+
+void tst_DeviceParameterCollection::shouldAnnounceEachAttachedNodeMap()
+{
+    DeviceParameterCollection c(QStringLiteral("two maps"));
+    QSignalSpy spy(&c, &IParameterCollection::nodeMapAttached);
+    c.attachSimulated(QStringLiteral("CameraDevice"), testData(QStringLiteral("minimal.xml")));
+    c.attachSimulated(QStringLiteral("StreamGrabber0"), testData(QStringLiteral("minimal.xml")));
+    QCOMPARE(spy.count(), 2);
+    QCOMPARE(spy.at(1).at(0).toString(), QStringLiteral("StreamGrabber0"));
+    QVERIFY(c.getParameter(QStringLiteral("@StreamGrabber0/Width")));
+    QVERIFY(c.getParameter(QStringLiteral("@StreamGrabber0/Root")));
+    try {
+        c.attachSimulated(QStringLiteral("Broken"), testData(QStringLiteral("notxml.xml")));
+        QFAIL("a broken description must not attach");
+    } catch (const InvalidArgumentException& e) {
+        QVERIFY2(QString::fromUtf8(e.what()).contains(QStringLiteral("not XML")), e.what());
+    }
+    QCOMPARE(c.getNodeMapNames().size(), 2);
+}
+
+QTEST_GUILESS_MAIN(tst_DeviceParameterCollection)
+#include "tst_deviceparametercollection.moc"

@@ -1,0 +1,178 @@
+# Host-side module node maps of Nodescope (transport layer device, stream
+# grabber, event grabber, image format converter).
+from gclib import NodeMap, E
+
+
+def new(model, tooltip, pguid, vguid, base):
+    return NodeMap(model=model, vendor="Vanto", tooltip=tooltip, product_guid=pguid, version_guid=vguid,
+                   version=(1, 0, 0), std_ns="None", base=base, cmd_base=base + 0x1000, str_base=base + 0x2000,
+                   idx_base=base + 0x4000, big_base=base + 0x8000)
+
+
+# ======================================================= Device transport layer
+tl = new("NodescopeDeviceTransportLayer", "Host-side transport layer parameters of an opened device",
+         "0B7E1C55-6A2D-4F3B-9E84-1D2C3B4A5F60", "7C1D2E3F-4A5B-4C6D-8E7F-9A0B1C2D3E4F", 0x100000)
+tl.category("Root", None, "Root category of the device transport layer node map.", display="Root")
+C = "DeviceInformation"
+tl.category(C, "Root", "Identification of the device as seen by the transport layer.", display="Device Information")
+tl.string(C, "DeviceID", "Unique identifier of the device on the transport layer.", access="RO", length=64,
+          default="Vanto-VNT-SIM-2000-SIM0001")
+tl.string(C, "DeviceVendorName", "Name of the device vendor.", access="RO", length=32, default="Vanto")
+tl.string(C, "DeviceModelName", "Name of the device model.", access="RO", length=32, default="VNT-SIM-2000")
+tl.string(C, "DeviceSerialNumber", "Serial number of the device.", access="RO", length=16, default="SIM0001")
+tl.string(C, "DeviceUserID", "User-defined name of the device.", access="RO", length=16, default="")
+tl.string(C, "DeviceDisplayName", "Name of the device shown in the user interface.", access="RO", length=64,
+          default="Vanto VNT-SIM-2000 (SIM0001)")
+tl.enum(C, "DeviceType", "Transport layer technology of the device.",
+        [E("GigEVision", 0, "GigE Vision device."), E("USB3Vision", 1, "USB3 Vision device."),
+         E("VntSimulated", 2, "Device simulated inside the application.", display="Simulated"),
+         E("Custom", 3, "Other transport layer.")], access="RO", default="VntSimulated")
+tl.enum(C, "DeviceAccessStatus", "Access status of the device at the time it was last enumerated or opened.",
+        [E("Unknown", 0, "The status could not be determined."), E("ReadWrite", 1, "The device is available for full access."),
+         E("ReadOnly", 2, "The device can only be opened for reading."), E("NoAccess", 3, "The device cannot be opened."),
+         E("Busy", 4, "The device is opened by another application."),
+         E("OpenReadWrite", 5, "The device is opened by this application with full access."),
+         E("OpenReadOnly", 6, "The device is opened by this application for reading.")],
+        access="RO", volatile=True, default="OpenReadWrite")
+tl.integer(C, "DeviceTLVersionMajor", "Major version of the transport layer protocol of the device.", access="RO", min=0,
+           max=65535, repr="PureNumber", vis="Expert", default=2)
+tl.integer(C, "DeviceTLVersionMinor", "Minor version of the transport layer protocol of the device.", access="RO", min=0,
+           max=65535, repr="PureNumber", vis="Expert", default=2)
+tl.enum(C, "DeviceEndianessMechanism", "How the transport layer handles the endianness of the device registers.",
+        [E("Legacy", 0, "Registers are swapped by the transport layer."), E("Standard", 1, "The GenICam XML describes the endianness.")],
+        access="RO", vis="Guru", default="Standard")
+C = "VntGigEVisionTransport"
+tl.category(C, "Root", "Network addresses of a GigE Vision device.", display="GigE Vision", vis="Expert")
+tl.integer(C, "GevDeviceIPAddress", "Current IP address of the device.", access="RO", min=0, max=0xFFFFFFFF,
+           repr="IPV4Address", vis="Expert", default="0xC0A80A64")
+tl.integer(C, "GevDeviceSubnetMask", "Current subnet mask of the device.", access="RO", min=0, max=0xFFFFFFFF,
+           repr="IPV4Address", vis="Expert", default="0xFFFFFF00")
+tl.integer(C, "GevDeviceGateway", "Current default gateway of the device.", access="RO", min=0, max=0xFFFFFFFF,
+           repr="IPV4Address", vis="Expert", default="0xC0A80A01")
+tl.integer(C, "GevDeviceMACAddress", "MAC address of the device.", access="RO", length=8, min=0, max=0xFFFFFFFFFFFF,
+           repr="MACAddress", vis="Expert", default="0x02564E540001")
+tl.integer(C, "VntHostInterfaceIPAddress", "IP address of the host network interface the device is reached through.",
+           access="RO", min=0, max=0xFFFFFFFF, repr="IPV4Address", vis="Expert", default="0xC0A80A02")
+C = "VntConnectionControl"
+tl.category(C, "Root", "Parameters of the control connection between host and device.", display="Connection Control")
+tl.integer(C, "VntHeartbeatTimeout", "Time after which the device closes the connection when the host stops sending heartbeats. Increase it while debugging.",
+           min=500, max=600000, unit="ms", vis="Expert", default=3000)
+tl.integer(C, "VntCommandTimeout", "Time the host waits for the answer to a control command.", min=10, max=10000, unit="ms",
+           vis="Expert", default=200)
+tl.integer(C, "VntCommandRetryCount", "Number of times a control command is repeated before it fails.", min=0, max=10,
+           vis="Guru", default=3)
+tl.integer(C, "VntPacketSize", "Packet size used for the image stream. The largest value supported by all network components is best.",
+           min=576, max=9000, inc=4, unit="B", vis="Expert", default=1500)
+tl.enum(C, "VntRegisterCacheMode", "Caching of device register values on the host.",
+        [E("Off", 0, "Every read accesses the device."), E("On", 1, "Values of cachable registers are cached."),
+         E("Debug", 2, "Values are cached and compared with the device.")], vis="Guru", default="On")
+tl.command(C, "VntDeviceReconnect", "Closes the connection to the device and opens it again.", vis="Expert")
+
+# ============================================================= Stream grabber
+sg = new("NodescopeStreamGrabber", "Parameters and statistics of the stream grabber StreamGrabber0",
+         "3A4B5C6D-7E8F-4091-A2B3-C4D5E6F70819", "91A2B3C4-D5E6-47F8-9A0B-1C2D3E4F5A6B", 0x200000)
+sg.category("Root", None, "Root category of the stream grabber node map.", display="Root")
+C = "BufferHandlingControl"
+sg.category(C, "Root", "Buffers used to receive images.", display="Buffer Handling")
+sg.integer(C, "MaxNumBuffer", "Maximum number of buffers that can be used simultaneously for grabbing images. Increase it if buffers underrun at high frame rates.",
+           min=1, max=1024, vis="Beginner", default=10, display="Maximum Number of Buffers")
+sg.integer(C, "MaxBufferSize", "Maximum size of one buffer. Must be at least the payload size of the camera.",
+           min=1, max=0x7FFFFFFF, unit="B", vis="Expert", default=1920 * 1200 * 3)
+sg.enum(C, "StreamBufferHandlingMode", "Order in which filled buffers are delivered to the application.",
+        [E("OldestFirst", 0, "Buffers are delivered in the order they were filled."),
+         E("OldestFirstOverwrite", 1, "Like OldestFirst, but the oldest filled buffer is reused when no empty buffer is left."),
+         E("NewestOnly", 2, "Only the most recent buffer is delivered; older ones are discarded.")],
+        vis="Expert", default="OldestFirst")
+sg.integer(C, "StreamAnnouncedBufferCount", "Number of buffers currently announced to the stream.", access="RO",
+           volatile=True, poll=1000, min=0, max=1024, vis="Expert", default=0)
+C = "VntStreamTransportControl"
+sg.category(C, "Root", "Packet reception and resend parameters.", display="Transport Control", vis="Expert")
+sg.boolean(C, "VntResendRequestEnable", "Enables requests for the resend of lost packets.", vis="Expert", default=True)
+sg.integer(C, "VntPacketTimeout", "Time after which a missing packet is considered lost.", min=1, max=10000, unit="ms",
+           vis="Expert", default=40)
+sg.integer(C, "VntFrameRetention", "Time after which an incomplete frame is delivered as failed.", min=1, max=60000, unit="ms",
+           vis="Expert", default=200)
+sg.integer(C, "VntMaximumResendRequestsPerFrame", "Maximum number of resend requests sent for one frame.", min=0, max=1000,
+           vis="Guru", default=100)
+sg.integer(C, "VntSocketBufferSize", "Size of the receive socket buffer.", min=64, max=65536, unit="KiB", vis="Guru",
+           default=2048)
+C = "Statistics"
+sg.category(C, "Root", "Counters that show whether images or packets are lost. They are updated continuously.")
+STAT = [("Statistic_Total_Buffer_Count", "Number of buffers delivered, including failed ones."),
+        ("Statistic_Failed_Buffer_Count", "Number of buffers that were delivered incomplete or with an error."),
+        ("Statistic_Buffer_Underrun_Count", "Number of frames lost because no empty buffer was available. Increase MaxNumBuffer if it grows."),
+        ("Statistic_Total_Packet_Count", "Number of stream packets received."),
+        ("Statistic_Failed_Packet_Count", "Number of stream packets that were lost or damaged."),
+        ("Statistic_Resend_Request_Count", "Number of resend requests sent to the device."),
+        ("Statistic_Resend_Packet_Count", "Number of packets the device sent again after a resend request."),
+        ("Statistic_Missed_Frame_Count", "Number of frames that the device captured but the host never received.")]
+for n, d in STAT:
+    sg.integer(C, n, d, access="RO", volatile=True, poll=1000, length=8, min=0, max=0x7FFFFFFFFFFFFFFF,
+               repr="PureNumber", display=n[len("Statistic_"):].replace("_", " "), default=0)
+sg.command(C, "Statistic_Reset", "Resets all statistic counters to 0.", vis="Expert", display="Reset Statistics")
+
+# ============================================================== Event grabber
+eg = new("NodescopeEventGrabber", "Parameters of the event grabber that receives device events",
+         "5E6F7A8B-9C0D-4E1F-A2B3-C4D5E6F7A8B9", "C0D1E2F3-A4B5-4C6D-9E8F-0A1B2C3D4E5F", 0x300000)
+eg.category("Root", None, "Root category of the event grabber node map.", display="Root")
+C = "EventGrabberControl"
+eg.category(C, "Root", "Reception of event messages from the device.", display="Event Grabber Control")
+eg.integer(C, "NumBuffer", "Number of buffers used to receive event messages.", min=1, max=1024, default=20,
+           display="Number of Buffers")
+eg.integer(C, "RetryCount", "Number of times an event message is requested again when its acknowledgement is lost.",
+           min=0, max=20, vis="Expert", default=2)
+eg.integer(C, "Timeout", "Time after which a missing acknowledgement of an event message is considered lost.", min=1,
+           max=10000, unit="ms", vis="Expert", default=300)
+eg.boolean(C, "VntEventThreadPriorityOverride", "Uses VntEventThreadPriority for the thread that receives events.",
+           vis="Guru", default=False)
+eg.integer(C, "VntEventThreadPriority", "Priority of the thread that receives events.", min=0, max=99, vis="Guru",
+           avail="VntEventThreadPriorityOverrideReg", default=25)
+C = "VntEventStatistics"
+eg.category(C, "Root", "Counters of received and lost events.", display="Event Statistics", vis="Expert")
+eg.integer(C, "VntEventQueueFillLevel", "Number of received events waiting to be processed.", access="RO", volatile=True,
+           poll=1000, min=0, max=1024, vis="Expert", default=0)
+eg.integer(C, "VntEventsReceived", "Number of events received since the statistics were reset.", access="RO", volatile=True,
+           poll=1000, length=8, min=0, max=0x7FFFFFFFFFFFFFFF, repr="PureNumber", vis="Expert", default=0)
+eg.integer(C, "VntEventsLost", "Number of events lost since the statistics were reset.", access="RO", volatile=True,
+           poll=1000, length=8, min=0, max=0x7FFFFFFFFFFFFFFF, repr="PureNumber", vis="Expert", default=0)
+eg.command(C, "VntEventStatisticsReset", "Resets the event counters.", vis="Expert")
+
+# ===================================================== Image format converter
+ic = new("NodescopeImageFormatConverter", "Parameters of the conversion of grabbed images for display and saving",
+         "8B9C0D1E-2F3A-4B4C-8D5E-6F7A8B9C0D1E", "D2E3F4A5-B6C7-4D8E-9F0A-1B2C3D4E5F6A", 0x400000)
+ic.category("Root", None, "Root category of the image format converter node map.", display="Root")
+C = "ImageFormatConverterControl"
+ic.category(C, "Root", "Output format and conversion parameters.", display="Image Format Converter")
+ic.enum(C, "OutputPixelFormat", "Pixel format of the converted images.",
+        [E("Mono8", 0x01080001, "Monochrome, 8 bits per pixel."), E("Mono16", 0x01100007, "Monochrome, 16 bits per pixel."),
+         E("RGB8", 0x02180014, "RGB, 8 bits per component."), E("BGR8", 0x02180015, "BGR, 8 bits per component."),
+         E("RGBa8", 0x02200016, "RGB with alpha, 8 bits per component."),
+         E("BGRa8", 0x02200017, "BGR with alpha, 8 bits per component."),
+         E("RGB16", 0x02300033, "RGB, 16 bits per component."),
+         E("YCbCr422_8", 0x0210003B, "YCbCr 4:2:2, 8 bits per component.", display="YCbCr 4:2:2 8")],
+        default="BGRa8")
+ic.enum(C, "OutputBitAlignment", "Alignment of the pixel data in 16-bit output formats.",
+        [E("MsbAligned", 0, "Data is shifted to the most significant bits.", display="MSB Aligned"),
+         E("LsbAligned", 1, "Data stays in the least significant bits.", display="LSB Aligned")],
+        vis="Expert", default="MsbAligned")
+ic.enum(C, "MonoConversionMethod", "How monochrome images with more than 8 bits are converted to 8 bits.",
+        [E("Truncate", 0, "The least significant bits are dropped."),
+         E("Gamma", 1, "A gamma curve set by Gamma is applied."),
+         E("VntMinMaxStretch", 2, "The range between darkest and brightest pixel is stretched.", display="Min-Max Stretch")],
+        vis="Expert", default="Truncate")
+ic.swissknife(C, "VntGammaConversion", [("M", "MonoConversionMethodReg")], "M = 1",
+              "Gamma only applies to the Gamma conversion method.")
+ic.float(C, "Gamma", "Gamma value of the conversion.", min=0.1, max=10.0, repr="PureNumber", notation="Fixed", precision=2,
+         avail="VntGammaConversion", vis="Expert", default=1.0)
+ic.enum(C, "InconvertibleEdgeHandling", "How the border pixels of Bayer images, which lack neighbours for interpolation, are handled.",
+        [E("SetZero", 0, "Border pixels are black."), E("Clip", 1, "Border pixels are removed; the image gets smaller."),
+         E("Extend", 2, "Border pixels are interpolated from the available neighbours.")], vis="Expert", default="SetZero")
+ic.enum(C, "VntDemosaicingMethod", "Interpolation used to convert Bayer images to color.",
+        [E("Simple", 0, "Fast bilinear interpolation."), E("HighQuality", 1, "Edge-aware interpolation.")],
+        vis="Expert", default="Simple")
+ic.enum(C, "VntOutputOrientation", "Row order of the converted image.",
+        [E("Unchanged", 0, "Same as the source."), E("TopDown", 1, "First row at the top."),
+         E("BottomUp", 2, "First row at the bottom.")], vis="Guru", default="Unchanged")
+ic.integer(C, "VntMaxNumThreads", "Maximum number of threads used for the conversion.", min=1, max=64, vis="Guru", default=4)
+ic.integer(C, "VntOutputPaddingX", "Number of padding bytes added at the end of each row.", min=0, max=64, unit="B",
+           vis="Guru", default=0)
