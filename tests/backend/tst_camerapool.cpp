@@ -48,6 +48,10 @@ private Q_SLOTS:
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice_data();
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice();
     void shouldReportMissingFileClearly();
+    void shouldOpenBuiltinCameraWithFourModules();
+    void shouldReadAndWriteEveryTypeOnBuiltinCamera();
+    void shouldRefuseWhatTheBuiltinCameraForbids();
+    void shouldCompleteCommandsAndReportIsDone();
     void shouldOpenFakeGigECameraByAddressAndNoticeItsDeath();
 };
 
@@ -55,9 +59,14 @@ void tst_CameraPool::shouldOpenEveryVendorDescriptionOnSimulatedDevice_data()
 {
     QTest::addColumn<QString>("file");
     QDirIterator it(sharedGenICamDir(), {QStringLiteral("*.xml")}, QDir::Files);
+    bool any = false;
     while (it.hasNext()) {
         const QString file = it.next();
         QTest::newRow(qPrintable(QFileInfo(file).fileName())) << file;
+        any = true;
+    }
+    if (!any) {
+        QTest::newRow("absent") << QString();
     }
 }
 
@@ -90,6 +99,132 @@ void tst_CameraPool::shouldReportMissingFileClearly()
                  e.what());
     }
     QVERIFY(pool.getOpenDevices().isEmpty());
+}
+
+namespace {
+
+template <class E, class F> QString thrownText(F f)
+{
+    try {
+        f();
+    } catch (const E& e) {
+        return QString::fromUtf8(e.what());
+    } catch (const std::exception& e) {
+        return QStringLiteral("wrong exception: ") + QString::fromUtf8(e.what());
+    }
+    return QStringLiteral("nothing thrown");
+}
+
+struct Builtin {
+    Backend::CameraPool pool;
+    QSharedPointer<Backend::CameraInfo> info = pool.openSimulated();
+    QSharedPointer<IParameterCollection> collection = pool.getParameterCollection(info);
+    QSharedPointer<IParameter> get(const char* feature) const
+    {
+        return collection->getParameter(QStringLiteral("@CameraDevice/") + QLatin1String(feature));
+    }
+    void sync() const { static_cast<Backend::DeviceParameterCollection*>(collection.data())->waitForDevice(); }
+};
+
+} // namespace
+
+void tst_CameraPool::shouldOpenBuiltinCameraWithFourModules()
+{
+    Builtin camera;
+    QCOMPARE(camera.collection->getNodeMapNames(),
+             (QStringList{QStringLiteral("CameraDevice"), QStringLiteral("DeviceTransportLayer"),
+                          QStringLiteral("StreamGrabber0"), QStringLiteral("EventGrabber"),
+                          QStringLiteral("ImageFormatConverter")}));
+    QCOMPARE(camera.info->getVendorName(), QStringLiteral("Vanto"));
+    QCOMPARE(camera.info->getModelName(), QStringLiteral("VNT-SIM-2000"));
+    QCOMPARE(camera.info->getDeviceText(), QStringLiteral("Vanto_VNT-SIM-2000"));
+    QVERIFY(!camera.info->isGigE());
+    const int visible = countVisibleFeatures(*camera.collection, QStringLiteral("@CameraDevice/Root"));
+    QVERIFY2(visible >= 300, qPrintable(QString::number(visible)));
+    QVERIFY(camera.collection->getParameter(QStringLiteral("@StreamGrabber0/MaxNumBuffer")));
+    QVERIFY(camera.collection->getParameter(QStringLiteral("@StreamGrabber0/Statistic_Failed_Buffer_Count")));
+}
+
+void tst_CameraPool::shouldReadAndWriteEveryTypeOnBuiltinCamera()
+{
+    Builtin camera;
+    const auto width = camera.get("Width");
+    const auto payload = camera.get("PayloadSize");
+    QCOMPARE(width->getType(), int(IntegerType));
+    const qint64 oldPayload = payload->getParameterData()->value.toLongLong();
+    width->setValue(QVariant(640));
+    camera.sync();
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 640);
+    const qint64 height = camera.get("Height")->getParameterData()->value.toLongLong();
+    QCOMPARE(payload->getParameterData()->value.toLongLong(), 640 * height);
+    QVERIFY(payload->getParameterData()->value.toLongLong() != oldPayload);
+
+    const auto exposure = camera.get("ExposureTime");
+    QCOMPARE(exposure->getType(), int(FloatType));
+    QCOMPARE(exposure->getProperty(QStringLiteral("Representation")), QStringLiteral("Logarithmic"));
+    exposure->setValue(QVariant(2500.0));
+    camera.sync();
+    QCOMPARE(exposure->getParameterData()->value.toDouble(), 2500.0);
+
+    const auto pixelFormat = camera.get("PixelFormat");
+    QCOMPARE(pixelFormat->getType(), int(EnumerationType));
+    pixelFormat->setValue(QStringLiteral("Mono16"));
+    camera.sync();
+    QCOMPARE(pixelFormat->getParameterData()->value.toString(), QStringLiteral("Mono16"));
+    QCOMPARE(payload->getParameterData()->value.toLongLong(), 640 * height * 2);
+
+    const auto userId = camera.get("DeviceUserID");
+    QCOMPARE(userId->getType(), int(StringType));
+    userId->setValue(QStringLiteral("line 3 left"));
+    camera.sync();
+    QCOMPARE(userId->getParameterData()->value.toString(), QStringLiteral("line 3 left"));
+
+    const auto enable = camera.get("AcquisitionFrameRateEnable");
+    QCOMPARE(enable->getType(), int(BooleanType));
+    const auto rate = camera.get("AcquisitionFrameRate");
+    QVERIFY(!rate->getParameterData()->available);
+    enable->setValue(QVariant(true));
+    camera.sync();
+    QCOMPARE(enable->getParameterData()->value.toBool(), true);
+    QVERIFY(rate->getParameterData()->available); // the dependency graph re-read it
+}
+
+void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
+{
+    Builtin camera;
+    QCOMPARE(thrownText<AccessException>([&] { camera.get("DeviceVendorName")->setValue(QStringLiteral("x")); }),
+             QStringLiteral("[DeviceVendorName] the feature is not writable (RO)"));
+    QCOMPARE(thrownText<AccessException>([&] { camera.get("AcquisitionFrameRate")->setValue(QVariant(10.0)); }),
+             QStringLiteral("[AcquisitionFrameRate] the feature is not available"));
+    const auto legacy = camera.get("ExposureTimeAbs");
+    QCOMPARE(legacy->getParameterData()->accessMode, GenApi::NI);
+    QCOMPARE(thrownText<AccessException>([&] { legacy->setValue(QVariant(10.0)); }),
+             QStringLiteral("[ExposureTimeAbs] the feature is not implemented"));
+    camera.get("ExposureAuto")->setValue(QStringLiteral("Continuous"));
+    camera.sync();
+    QVERIFY(camera.get("ExposureTime")->getParameterData()->locked);
+    QCOMPARE(thrownText<AccessException>([&] { camera.get("ExposureTime")->setValue(QVariant(100.0)); }),
+             QStringLiteral("[ExposureTime] the feature is locked"));
+    const auto width = camera.get("Width");
+    const auto w = width->getParameterData().staticCast<const IntegerParameterData>();
+    QVERIFY(thrownText<RangeException>([&] { width->setValue(QVariant(w->max + w->increment)); })
+                .startsWith(QStringLiteral("[Width] ")));
+    if (w->increment > 1) {
+        QVERIFY(thrownText<RangeException>([&] { width->setValue(QVariant(w->min + 1)); })
+                    .contains(QStringLiteral("increment")));
+    }
+}
+
+void tst_CameraPool::shouldCompleteCommandsAndReportIsDone()
+{
+    Builtin camera;
+    const auto command = camera.get("TriggerSoftware");
+    auto* typed = qobject_cast<ICommandParameter*>(command.data());
+    QVERIFY(typed);
+    QVERIFY(typed->isDone());
+    typed->execute();
+    QVERIFY(!typed->isDone()); // shown running at once
+    QTRY_VERIFY(typed->isDone());
 }
 
 void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()

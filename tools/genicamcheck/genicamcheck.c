@@ -651,16 +651,16 @@ run_script (ArvGc *genicam, const char *path)
 /* ------------------------------------------------------------------------ */
 
 static gboolean
-has_representation (Walk *w, const char *spec)
+has_representation (Walk *w, const char *wanted)
 {
-	gboolean is_float = g_str_has_prefix (spec, "Float:");
-	const char *name = is_float ? spec + 6 : spec;
+	gboolean is_float = g_str_has_prefix (wanted, "Float:");
+	const char *name = is_float ? wanted + 6 : wanted;
 	int i;
 
 	for (i = 0; i < 7; i++)
 		if (strcmp (name, representation_names[i]) == 0)
 			return (is_float ? w->float_repr[i] : w->int_repr[i]) > 0;
-	fail ("unknown representation '%s'", spec);
+	fail ("unknown representation '%s'", wanted);
 	return FALSE;
 }
 
