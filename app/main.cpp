@@ -63,12 +63,11 @@ int main(int argc, char** argv)
         return 1;
     }
 
-    if (parser.isSet(dump) || true) {
-        const auto collection = pool.getParameterCollection(info);
-        VantoViewer::FeatureDump dumper(out);
-        out << info->getFriendlyName() << "\n";
-        const int features = dumper.write(*collection);
-        out << features << " features in " << dumper.categoryCount() << " categories\n";
-    }
+    // Until the window exists every run is a dump; --dump already asks for exactly that.
+    const auto collection = pool.getParameterCollection(info);
+    VantoViewer::FeatureDump dumper(out);
+    out << info->getFriendlyName() << "\n";
+    const int features = dumper.write(*collection);
+    out << features << " features in " << dumper.categoryCount() << " categories\n";
     return 0;
 }

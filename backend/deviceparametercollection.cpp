@@ -32,7 +32,6 @@ DeviceParameterCollection::~DeviceParameterCollection()
     // Parameters unregister their observation from us while they go.
     for (MapState& m : m_maps) {
         const auto parameters = std::move(m.parameters);
-        m.parameters.clear();
     }
     DeviceWorker* worker = m_worker;
     QMetaObject::invokeMethod(worker, [worker] { delete worker; }, Qt::BlockingQueuedConnection);

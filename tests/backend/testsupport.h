@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QString>
 
+#include <exception>
+
 // Test data lives in the source tree; CTest tells where.
 inline QString testDataPath(const QString& name)
 {
@@ -21,4 +23,17 @@ inline QByteArray testData(const QString& name)
 inline QString sharedGenICamDir()
 {
     return QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR")) + QStringLiteral("/genicam");
+}
+
+// The text of the exception of type E that f throws, or what happened instead.
+template <class E, class F> QString thrownText(F f)
+{
+    try {
+        f();
+    } catch (const E& e) {
+        return QString::fromUtf8(e.what());
+    } catch (const std::exception& e) {
+        return QStringLiteral("wrong exception: ") + QString::fromUtf8(e.what());
+    }
+    return QStringLiteral("nothing thrown");
 }

@@ -103,18 +103,6 @@ void tst_CameraPool::shouldReportMissingFileClearly()
 
 namespace {
 
-template <class E, class F> QString thrownText(F f)
-{
-    try {
-        f();
-    } catch (const E& e) {
-        return QString::fromUtf8(e.what());
-    } catch (const std::exception& e) {
-        return QStringLiteral("wrong exception: ") + QString::fromUtf8(e.what());
-    }
-    return QStringLiteral("nothing thrown");
-}
-
 struct Builtin {
     Backend::CameraPool pool;
     QSharedPointer<Backend::CameraInfo> info = pool.openSimulated();

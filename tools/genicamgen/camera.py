@@ -67,9 +67,9 @@ m.integer(C, "DeviceSFNCVersionSubMinor", "Sub-minor version of the Standard Fea
 m.enum(C, "DeviceTLType", "Transport layer type of the device.",
        [E("GigEVision", 1, "GigE Vision transport layer."), E("USB3Vision", 3, "USB3 Vision transport layer."),
         E("Custom", 99, "Vendor-specific transport layer.")], access="RO", vis="Expert", default="GigEVision")
-m.integer(C, "DeviceTLVersionMajor", "Major version of the transport layer specification the device complies with.",
+m.integer(C, "DeviceTLVersionMajor", "Major version of the transport layer standard the device complies with.",
           access="RO", min=0, max=65535, repr="PureNumber", vis="Expert", default=2)
-m.integer(C, "DeviceTLVersionMinor", "Minor version of the transport layer specification the device complies with.",
+m.integer(C, "DeviceTLVersionMinor", "Minor version of the transport layer standard the device complies with.",
           access="RO", min=0, max=65535, repr="PureNumber", vis="Expert", default=2)
 m.enum(C, "DeviceCharacterSet", "Character set used by the strings of the device's bootstrap registers.",
        [E("UTF8", 1, "UTF-8 character set.", display="UTF-8"), E("ASCII", 2, "ASCII character set.")],
@@ -835,9 +835,9 @@ m.integer(C, "TLParamsLocked", "Set to 1 by the transport layer while streaming;
           min=0, max=1, vis="Invisible", default=0)
 C = "GigEVision"
 m.category(C, "TransportLayerControl", "GigE Vision specific features.", display="GigE Vision", vis="Expert")
-m.integer(C, "GevVersionMajor", "Major version of the GigE Vision specification supported by the device.", access="RO",
+m.integer(C, "GevVersionMajor", "Major version of the GigE Vision standard the device supports.", access="RO",
           min=0, max=65535, repr="PureNumber", vis="Expert", default=2)
-m.integer(C, "GevVersionMinor", "Minor version of the GigE Vision specification supported by the device.", access="RO",
+m.integer(C, "GevVersionMinor", "Minor version of the GigE Vision standard the device supports.", access="RO",
           min=0, max=65535, repr="PureNumber", vis="Expert", default=2)
 m.boolean(C, "GevDeviceModeIsBigEndian", "Endianness of the bootstrap registers of the device.", access="RO", vis="Guru",
           default=False)
