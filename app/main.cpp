@@ -33,7 +33,8 @@ int main(int argc, char** argv)
         QStringLiteral("Search every network interface and USB for cameras and list them."));
     parser.addOptions({simulate, camera, dump, discover});
     parser.addPositionalArgument(QStringLiteral("FILE.xml"),
-                                 QStringLiteral("GenICam description for --simulate."), QStringLiteral("[FILE.xml]"));
+                                 QStringLiteral("GenICam description for --simulate."),
+                                 QStringLiteral("[FILE.xml]"));
     parser.process(app);
 
     QTextStream out(stdout);

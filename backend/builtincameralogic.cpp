@@ -48,9 +48,11 @@ BuiltinCameraLogic::BuiltinCameraLogic(SimulatedDevice& device) : m_device(devic
                 if (ARV_IS_GC_PROPERTY_NODE(p) &&
                     arv_gc_property_node_get_node_type(ARV_GC_PROPERTY_NODE(p)) ==
                         ARV_GC_PROPERTY_NODE_TYPE_P_VALUE) {
-                    ArvGcNode* target = arv_gc_property_node_get_linked_node(ARV_GC_PROPERTY_NODE(p));
+                    ArvGcNode* target =
+                        arv_gc_property_node_get_linked_node(ARV_GC_PROPERTY_NODE(p));
                     if (target != nullptr && ARV_IS_GC_FEATURE_NODE(target)) {
-                        const Register r = lookup(arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(target)));
+                        const Register r =
+                            lookup(arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(target)));
                         if (r.valid) {
                             m_commandRegisters.insert(r.address, r.length);
                         }
@@ -61,8 +63,10 @@ BuiltinCameraLogic::BuiltinCameraLogic(SimulatedDevice& device) : m_device(devic
     };
     walk(ARV_DOM_NODE(arv_dom_document_get_document_element(ARV_DOM_DOCUMENT(genicam))));
 
-    device.addReadHook([this](SimulatedDevice& d, quint64 address, quint32) { onRead(d, address); });
-    device.addWriteHook([this](SimulatedDevice& d, quint64 address, quint32) { onWrite(d, address); });
+    device.addReadHook(
+        [this](SimulatedDevice& d, quint64 address, quint32) { onRead(d, address); });
+    device.addWriteHook(
+        [this](SimulatedDevice& d, quint64 address, quint32) { onWrite(d, address); });
 }
 
 BuiltinCameraLogic::Register BuiltinCameraLogic::lookup(const char* nodeName) const

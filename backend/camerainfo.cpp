@@ -8,8 +8,7 @@ CameraInfo::CameraInfo(QString id, QString vendor, QString model, QString serial
                        QString transportLayer)
     : m_id(std::move(id)), m_vendor(std::move(vendor)), m_model(std::move(model)),
       m_serial(std::move(serial)), m_transportLayer(std::move(transportLayer))
-{
-}
+{}
 
 QString CameraInfo::getDeviceText() const
 {

@@ -77,21 +77,23 @@ QByteArray CameraPool::builtinCameraXml()
 QString CameraPool::builtinCameraDefaults()
 {
     initBackendResources();
-    return QString::fromUtf8(readResource(QStringLiteral(":/vantoviewer/genicam/VantoSimCamera.defaults")));
+    return QString::fromUtf8(
+        readResource(QStringLiteral(":/vantoviewer/genicam/VantoSimCamera.defaults")));
 }
 
 void CameraPool::attachModules(DeviceParameterCollection& collection)
 {
     for (const Module& module : kModules) {
         const QString base = QStringLiteral(":/vantoviewer/genicam/") + QLatin1String(module.file);
-        collection.attachSimulated(QLatin1String(module.nodeMap),
-                                   readResource(base + QStringLiteral(".xml")),
-                                   QString::fromUtf8(readResource(base + QStringLiteral(".defaults"))));
+        collection.attachSimulated(
+            QLatin1String(module.nodeMap), readResource(base + QStringLiteral(".xml")),
+            QString::fromUtf8(readResource(base + QStringLiteral(".defaults"))));
     }
 }
 
-QSharedPointer<CameraInfo> CameraPool::add(const QSharedPointer<CameraInfo>& info,
-                                           const QSharedPointer<DeviceParameterCollection>& collection)
+QSharedPointer<CameraInfo>
+CameraPool::add(const QSharedPointer<CameraInfo>& info,
+                const QSharedPointer<DeviceParameterCollection>& collection)
 {
     m_devices.append(info);
     m_collections.insert(info.data(), collection);
@@ -111,8 +113,8 @@ QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
     } else {
         QFile file(xmlFile);
         if (!file.open(QIODevice::ReadOnly)) {
-            throw NotFoundException(xmlFile, QStringLiteral("cannot open the file: %1")
-                                                 .arg(file.errorString()));
+            throw NotFoundException(
+                xmlFile, QStringLiteral("cannot open the file: %1").arg(file.errorString()));
         }
         xml = file.readAll();
         name = QFileInfo(xmlFile).completeBaseName();
@@ -153,10 +155,9 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
         GInetAddress* address = g_inet_address_new_from_string(key.constData());
         if (address != nullptr) {
             // An address is opened directly, without discovery.
-            GInetAddress* interfaceAddress =
-                g_inet_address_get_is_loopback(address)
-                    ? g_inet_address_new_loopback(G_SOCKET_FAMILY_IPV4)
-                    : g_inet_address_new_any(G_SOCKET_FAMILY_IPV4);
+            GInetAddress* interfaceAddress = g_inet_address_get_is_loopback(address)
+                                                 ? g_inet_address_new_loopback(G_SOCKET_FAMILY_IPV4)
+                                                 : g_inet_address_new_any(G_SOCKET_FAMILY_IPV4);
             device = arv_gv_device_new(interfaceAddress, address, &gerror);
             g_object_unref(interfaceAddress);
             g_object_unref(address);
@@ -174,10 +175,10 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
         return device;
     });
     attachModules(*collection);
-    auto info = QSharedPointer<CameraInfo>::create(
-        idOrAddress, textValue(*collection, "DeviceVendorName"),
-        textValue(*collection, "DeviceModelName"), textValue(*collection, "DeviceSerialNumber"),
-        protocol);
+    auto info =
+        QSharedPointer<CameraInfo>::create(idOrAddress, textValue(*collection, "DeviceVendorName"),
+                                           textValue(*collection, "DeviceModelName"),
+                                           textValue(*collection, "DeviceSerialNumber"), protocol);
     return add(info, collection);
 }
 

@@ -44,8 +44,8 @@ public:
     static QByteArray builtinCameraXml();
     static QString builtinCameraDefaults();
 
-    QSharedPointer<ParameterCollection::IParameterCollection>
-    getParameterCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info) const override;
+    QSharedPointer<ParameterCollection::IParameterCollection> getParameterCollection(
+        const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info) const override;
     QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> getOpenDevices() const override;
 
 private:

@@ -12,8 +12,7 @@ ParameterHandle::ParameterHandle(DeviceParameterCollection* collection, int map,
                                  QString name, QString featureName)
     : m_collection(collection), m_map(map), m_node(node), m_name(std::move(name)),
       m_featureName(std::move(featureName))
-{
-}
+{}
 
 DeviceParameterCollection* ParameterHandle::collection() const
 {
@@ -36,10 +35,18 @@ QString ParameterHandle::property(const QString& name) const
 QMap<QString, QString> ParameterHandle::properties() const
 {
     QMap<QString, QString> result;
-    static const char* const names[] = {"Name",           "DisplayName",     "ToolTip",
-                                        "Description",    "Visibility",      "AccessMode",
-                                        "Representation", "Unit",            "DisplayNotation",
-                                        "DisplayPrecision", "PollingTime",   "Type"};
+    static const char* const names[] = {"Name",
+                                        "DisplayName",
+                                        "ToolTip",
+                                        "Description",
+                                        "Visibility",
+                                        "AccessMode",
+                                        "Representation",
+                                        "Unit",
+                                        "DisplayNotation",
+                                        "DisplayPrecision",
+                                        "PollingTime",
+                                        "Type"};
     for (const char* name : names) {
         result.insert(QLatin1String(name), property(QLatin1String(name)));
     }

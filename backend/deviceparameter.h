@@ -46,8 +46,7 @@ public:
     DeviceParameter(DeviceParameterCollection* collection, int map, int node, const QString& name,
                     const QString& featureName)
         : m_handle(collection, map, node, name, featureName)
-    {
-    }
+    {}
     ~DeviceParameter() override
     {
         // A parameter dropped while observed stops being polled.

@@ -34,7 +34,8 @@ DeviceParameterCollection::~DeviceParameterCollection()
         const auto parameters = std::move(m.parameters);
     }
     DeviceWorker* worker = m_worker;
-    QMetaObject::invokeMethod(worker, [worker] { delete worker; }, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(
+        worker, [worker] { delete worker; }, Qt::BlockingQueuedConnection);
     m_thread.quit();
     m_thread.wait();
 }
@@ -48,8 +49,8 @@ void DeviceParameterCollection::setLogicFactory(
 void DeviceParameterCollection::runOnDeviceThread(const std::function<void(DeviceWorker&)>& job)
 {
     DeviceWorker* worker = m_worker;
-    QMetaObject::invokeMethod(worker, [worker, &job] { job(*worker); },
-                              Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(
+        worker, [worker, &job] { job(*worker); }, Qt::BlockingQueuedConnection);
 }
 
 void DeviceParameterCollection::waitForDevice()
@@ -168,19 +169,26 @@ QSharedPointer<IParameter> DeviceParameterCollection::makeParameter(int map, int
     const NodeInfo& info = infoOf(map, node);
     switch (info.type) {
     case IntegerType:
-        return QSharedPointer<IntegerParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<IntegerParameter>::create(self, map, node, info.fullName,
+                                                        info.featureName);
     case FloatType:
-        return QSharedPointer<FloatParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<FloatParameter>::create(self, map, node, info.fullName,
+                                                      info.featureName);
     case EnumerationType:
-        return QSharedPointer<EnumParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<EnumParameter>::create(self, map, node, info.fullName,
+                                                     info.featureName);
     case BooleanType:
-        return QSharedPointer<BooleanParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<BooleanParameter>::create(self, map, node, info.fullName,
+                                                        info.featureName);
     case CommandType:
-        return QSharedPointer<CommandParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<CommandParameter>::create(self, map, node, info.fullName,
+                                                        info.featureName);
     case StringType:
-        return QSharedPointer<StringParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<StringParameter>::create(self, map, node, info.fullName,
+                                                       info.featureName);
     default:
-        return QSharedPointer<PlainParameter>::create(self, map, node, info.fullName, info.featureName);
+        return QSharedPointer<PlainParameter>::create(self, map, node, info.fullName,
+                                                      info.featureName);
     }
 }
 
@@ -283,9 +291,9 @@ void DeviceParameterCollection::refresh()
             }
         }
         if (!observed.isEmpty()) {
-            QMetaObject::invokeMethod(worker, [worker, map, observed] {
-                worker->readObserved(map, observed);
-            }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                worker, [worker, map, observed] { worker->readObserved(map, observed); },
+                Qt::QueuedConnection);
         }
     }
 }
@@ -307,12 +315,13 @@ void DeviceParameterCollection::readNode(int map, int node, bool forced)
         return;
     }
     DeviceWorker* worker = m_worker;
-    QMetaObject::invokeMethod(worker, [worker, map, node, forced] {
-        worker->readNodes(map, {node}, true, forced);
-    }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        worker, [worker, map, node, forced] { worker->readNodes(map, {node}, true, forced); },
+        Qt::QueuedConnection);
 }
 
-ParameterDataPtr DeviceParameterCollection::withOverride(int map, int node, ParameterDataPtr d) const
+ParameterDataPtr DeviceParameterCollection::withOverride(int map, int node,
+                                                         ParameterDataPtr d) const
 {
     const auto it = m_maps[map].overrides.constFind(node);
     if (it == m_maps[map].overrides.constEnd() || !d) {
@@ -391,19 +400,19 @@ void DeviceParameterCollection::setPropertyOverride(int map, int node, const QSt
     Override o = m_maps[map].overrides.value(node);
     if (name == QLatin1String("Visibility")) {
         if (!GenApi::visibilityFromString(value, &o.visibility)) {
-            throw InvalidArgumentException(
-                info.featureName, QStringLiteral("'%1' is not a visibility").arg(value));
+            throw InvalidArgumentException(info.featureName,
+                                           QStringLiteral("'%1' is not a visibility").arg(value));
         }
         o.hasVisibility = true;
     } else if (name == QLatin1String("AccessMode")) {
         if (!GenApi::accessModeFromString(value, &o.accessMode)) {
-            throw InvalidArgumentException(
-                info.featureName, QStringLiteral("'%1' is not an access mode").arg(value));
+            throw InvalidArgumentException(info.featureName,
+                                           QStringLiteral("'%1' is not an access mode").arg(value));
         }
         o.hasAccessMode = true;
     } else {
-        throw InvalidArgumentException(
-            info.featureName, QStringLiteral("the property '%1' cannot be set").arg(name));
+        throw InvalidArgumentException(info.featureName,
+                                       QStringLiteral("the property '%1' cannot be set").arg(name));
     }
     m_maps[map].overrides.insert(node, o);
     // Re-derive from what the device last said, so that overrides do not pile up.
@@ -513,10 +522,12 @@ QVariant DeviceParameterCollection::validated(int map, int node, const QVariant&
         const auto& d = static_cast<const IntegerParameterData&>(*data);
         const qint64 v = parseInteger(value, feature);
         if (v < d.min) {
-            throw RangeException(feature, QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+            throw RangeException(feature,
+                                 QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
         }
         if (v > d.max) {
-            throw RangeException(feature, QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
+            throw RangeException(feature,
+                                 QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
         }
         if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
             throw RangeException(feature,
@@ -537,10 +548,12 @@ QVariant DeviceParameterCollection::validated(int map, int node, const QVariant&
                 feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
         }
         if (v < d.min) {
-            throw RangeException(feature, QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+            throw RangeException(feature,
+                                 QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
         }
         if (v > d.max) {
-            throw RangeException(feature, QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
+            throw RangeException(feature,
+                                 QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
         }
         if (d.hasIncrement) {
             const double steps = (v - d.min) / d.increment;
@@ -585,15 +598,15 @@ QVariant DeviceParameterCollection::validated(int map, int node, const QVariant&
                 }
             }
         }
-        throw InvalidArgumentException(
-            feature, QStringLiteral("'%1' is not an available entry").arg(name));
+        throw InvalidArgumentException(feature,
+                                       QStringLiteral("'%1' is not an available entry").arg(name));
     }
     case StringType: {
         const auto& d = static_cast<const StringParameterData&>(*data);
         const QString s = value.toString();
         if (d.maxLength > 0 && s.toUtf8().size() > d.maxLength) {
-            throw RangeException(feature, QStringLiteral("the text is longer than %1 bytes")
-                                              .arg(d.maxLength));
+            throw RangeException(
+                feature, QStringLiteral("the text is longer than %1 bytes").arg(d.maxLength));
         }
         return s;
     }
@@ -619,7 +632,8 @@ void DeviceParameterCollection::write(int map, int node, const QVariant& value)
         optimistic->displayText = integerText(v.toLongLong(), info.representation);
         break;
     case FloatType:
-        optimistic->displayText = floatText(v.toDouble(), info.displayNotation, info.displayPrecision);
+        optimistic->displayText =
+            floatText(v.toDouble(), info.displayNotation, info.displayPrecision);
         break;
     case BooleanType:
         optimistic->displayText = v.toBool() ? QStringLiteral("True") : QStringLiteral("False");
@@ -644,8 +658,8 @@ void DeviceParameterCollection::write(int map, int node, const QVariant& value)
 
     DeviceWorker* worker = m_worker;
     if (worker->enqueueWrite({map, node, v})) {
-        QMetaObject::invokeMethod(worker, [worker] { worker->processWrites(); },
-                                  Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            worker, [worker] { worker->processWrites(); }, Qt::QueuedConnection);
     }
 }
 

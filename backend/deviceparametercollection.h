@@ -86,8 +86,8 @@ private:
 
     void onPublished(int map, const QVector<Backend::PublishedData>& batch);
     void onLost(const QString& message);
-    ParameterCollection::ParameterDataPtr withOverride(int map, int node,
-                                                       ParameterCollection::ParameterDataPtr d) const;
+    ParameterCollection::ParameterDataPtr
+    withOverride(int map, int node, ParameterCollection::ParameterDataPtr d) const;
     void store(int map, int node, const ParameterCollection::ParameterDataPtr& data);
     QVariant validated(int map, int node, const QVariant& value) const;
     QSharedPointer<ParameterCollection::IParameter> makeParameter(int map, int node) const;

@@ -77,14 +77,22 @@ QString accessText(ArvGcAccessMode m)
 int typeOfElement(const char* element)
 {
     static const QHash<QByteArray, int> types = {
-        {"Integer", IntegerType},      {"IntReg", IntegerType},
-        {"MaskedIntReg", IntegerType}, {"IntSwissKnife", IntegerType},
-        {"IntConverter", IntegerType}, {"StructEntry", IntegerType},
-        {"Float", FloatType},          {"FloatReg", FloatType},
-        {"SwissKnife", FloatType},     {"Converter", FloatType},
-        {"String", StringType},        {"StringReg", StringType},
-        {"Boolean", BooleanType},      {"Command", CommandType},
-        {"Enumeration", EnumerationType}, {"Category", CategoryType},
+        {"Integer", IntegerType},
+        {"IntReg", IntegerType},
+        {"MaskedIntReg", IntegerType},
+        {"IntSwissKnife", IntegerType},
+        {"IntConverter", IntegerType},
+        {"StructEntry", IntegerType},
+        {"Float", FloatType},
+        {"FloatReg", FloatType},
+        {"SwissKnife", FloatType},
+        {"Converter", FloatType},
+        {"String", StringType},
+        {"StringReg", StringType},
+        {"Boolean", BooleanType},
+        {"Command", CommandType},
+        {"Enumeration", EnumerationType},
+        {"Category", CategoryType},
     };
     return types.value(QByteArray(element), UnknownType);
 }
@@ -102,7 +110,7 @@ struct DeviceWorker::NodeMap {
 
     std::shared_ptr<NodeMapStructure> structure;
     QVector<ArvGcFeatureNode*> nodes;
-    QVector<QVector<int>> dependents; // who must be re-read when a node changes
+    QVector<QVector<int>> dependents;   // who must be re-read when a node changes
     QVector<QVector<int>> valueTargets; // where a write to a node lands
     QVector<ArvGcNode*> commandRegister;
     QVector<qint64> commandValue;
@@ -240,7 +248,8 @@ void DeviceWorker::buildStructure(NodeMap& map)
             if (ARV_IS_GC_FEATURE_NODE(child)) {
                 auto* feature = ARV_GC_FEATURE_NODE(child);
                 const char* name = arv_gc_feature_node_get_name(feature);
-                if (name != nullptr && !structure->byFeatureName.contains(QString::fromUtf8(name))) {
+                if (name != nullptr &&
+                    !structure->byFeatureName.contains(QString::fromUtf8(name))) {
                     structure->byFeatureName.insert(QString::fromUtf8(name), map.nodes.size());
                     map.nodes.append(feature);
                 }
@@ -278,16 +287,19 @@ void DeviceWorker::buildStructure(NodeMap& map)
         info.nodeType = QString::fromLatin1(element);
         info.type = typeOfElement(element);
         const char* displayName = arv_gc_feature_node_get_display_name(feature);
-        info.displayName = displayName != nullptr ? QString::fromUtf8(displayName) : info.featureName;
+        info.displayName =
+            displayName != nullptr ? QString::fromUtf8(displayName) : info.featureName;
         info.toolTip = QString::fromUtf8(arv_gc_feature_node_get_tooltip(feature));
         info.description = QString::fromUtf8(arv_gc_feature_node_get_description(feature));
         info.visibility = toVisibility(arv_gc_feature_node_get_visibility(feature));
         info.imposedAccessMode = accessText(arv_gc_feature_node_get_imposed_access_mode(feature));
         if (info.type == IntegerType && ARV_IS_GC_INTEGER(feature)) {
-            info.representation = representationText(arv_gc_integer_get_representation(ARV_GC_INTEGER(feature)));
+            info.representation =
+                representationText(arv_gc_integer_get_representation(ARV_GC_INTEGER(feature)));
             info.unit = QString::fromUtf8(arv_gc_integer_get_unit(ARV_GC_INTEGER(feature)));
         } else if (info.type == FloatType && ARV_IS_GC_FLOAT(feature)) {
-            info.representation = representationText(arv_gc_float_get_representation(ARV_GC_FLOAT(feature)));
+            info.representation =
+                representationText(arv_gc_float_get_representation(ARV_GC_FLOAT(feature)));
             info.unit = QString::fromUtf8(arv_gc_float_get_unit(ARV_GC_FLOAT(feature)));
             switch (arv_gc_float_get_display_notation(ARV_GC_FLOAT(feature))) {
             case ARV_GC_DISPLAY_NOTATION_FIXED:
@@ -319,7 +331,8 @@ void DeviceWorker::buildStructure(NodeMap& map)
                     ownPolling[i] = int(arv_gc_property_node_get_int64(property, nullptr));
                     continue;
                 }
-                if (kind == ARV_GC_PROPERTY_NODE_TYPE_COMMAND_VALUE && parent == ARV_DOM_NODE(feature)) {
+                if (kind == ARV_GC_PROPERTY_NODE_TYPE_COMMAND_VALUE &&
+                    parent == ARV_DOM_NODE(feature)) {
                     map.commandValue[i] = arv_gc_property_node_get_int64(property, nullptr);
                     continue;
                 }
@@ -357,7 +370,8 @@ void DeviceWorker::buildStructure(NodeMap& map)
 
         // A StructEntry is a view on its StructReg.
         ArvDomNode* parentNode = arv_dom_node_get_parent_node(ARV_DOM_NODE(feature));
-        const int parentIndex = indexOfNode(ARV_IS_GC_NODE(parentNode) ? ARV_GC_NODE(parentNode) : nullptr);
+        const int parentIndex =
+            indexOfNode(ARV_IS_GC_NODE(parentNode) ? ARV_GC_NODE(parentNode) : nullptr);
         if (parentIndex >= 0) {
             evalEdges[i].append(parentIndex);
             map.dependents[parentIndex].append(i);
@@ -476,8 +490,8 @@ void DeviceWorker::buildStructure(NodeMap& map)
         for (int i = 0; i < n; ++i) {
             if (cyclic[i]) {
                 queue.append(i);
-                structure->problems
-                    << QStringLiteral("%1 takes part in a reference cycle").arg(structure->nodes[i].featureName);
+                structure->problems << QStringLiteral("%1 takes part in a reference cycle")
+                                           .arg(structure->nodes[i].featureName);
             }
         }
         // Whoever evaluates a cyclic node is tainted too.
@@ -917,8 +931,7 @@ void DeviceWorker::scheduleCommandCheck(int map, int node)
     }
 }
 
-void DeviceWorker::readNodes(int mapIndex, const QVector<int>& nodes, bool bypassCache,
-                             bool forced)
+void DeviceWorker::readNodes(int mapIndex, const QVector<int>& nodes, bool bypassCache, bool forced)
 {
     if (mapIndex < 0 || size_t(mapIndex) >= m_maps.size()) {
         return;

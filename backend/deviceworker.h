@@ -39,8 +39,8 @@ public:
     ~DeviceWorker() override;
 
     // Device thread. Each attaches one node map and returns its index, or -1 with `error` set.
-    int attachSimulated(const QString& nodeMapName, const QByteArray& xml,
-                        const QString& defaults, QString* error);
+    int attachSimulated(const QString& nodeMapName, const QByteArray& xml, const QString& defaults,
+                        QString* error);
     // Takes over a reference to `device`, which must have been opened on this thread.
     int attachDevice(const QString& nodeMapName, ArvDevice* device, QString* error);
 

@@ -13,9 +13,9 @@ qint64 NodeMapStructure::approximateBytes() const
     qint64 total = sizeof(*this) + qint64(nodes.capacity()) * qint64(sizeof(NodeInfo));
     for (const NodeInfo& n : nodes) {
         total += stringBytes(n.fullName) + stringBytes(n.featureName) + stringBytes(n.nodeType) +
-                 stringBytes(n.displayName) + stringBytes(n.toolTip) +
-                 stringBytes(n.description) + stringBytes(n.imposedAccessMode) +
-                 stringBytes(n.representation) + stringBytes(n.unit);
+                 stringBytes(n.displayName) + stringBytes(n.toolTip) + stringBytes(n.description) +
+                 stringBytes(n.imposedAccessMode) + stringBytes(n.representation) +
+                 stringBytes(n.unit);
         total += 4 * (n.children.capacity() + n.selectedFeatures.capacity() +
                       n.selectingFeatures.capacity());
     }

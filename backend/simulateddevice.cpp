@@ -99,8 +99,8 @@ static gboolean vnt_sim_device_write_register(ArvDevice* device, guint64 address
     return vnt_sim_device_write_memory(device, address, 4, &raw, error);
 }
 
-static ArvStream* vnt_sim_device_create_stream(ArvDevice*, ArvStreamCallback, void*,
-                                               GDestroyNotify, GError** error)
+static ArvStream* vnt_sim_device_create_stream(ArvDevice*, ArvStreamCallback, void*, GDestroyNotify,
+                                               GError** error)
 {
     g_set_error_literal(error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_NO_STREAM_CHANNEL,
                         "The simulated device has no stream channel");
@@ -234,11 +234,13 @@ QStringList SimulatedDevice::applyDefaults(const QString& text)
         } else if (ARV_IS_GC_STRING(node)) {
             arv_gc_string_set_value(ARV_GC_STRING(node), value.constData(), &error);
         } else {
-            problems << QStringLiteral("line %1: %2 takes no value").arg(i + 1).arg(QString(feature));
+            problems
+                << QStringLiteral("line %1: %2 takes no value").arg(i + 1).arg(QString(feature));
             continue;
         }
         if (error != nullptr) {
-            problems << QStringLiteral("line %1: %2").arg(i + 1).arg(QString::fromUtf8(error->message));
+            problems
+                << QStringLiteral("line %1: %2").arg(i + 1).arg(QString::fromUtf8(error->message));
             g_clear_error(&error);
         }
     }
@@ -366,8 +368,8 @@ bool SimulatedDevice::serveRead(quint64 address, quint32 size, void* buffer, QSt
     return true;
 }
 
-bool SimulatedDevice::serveWrite(quint64 address, quint32 size, const void* buffer,
-                                 QString* error, int* errorCode)
+bool SimulatedDevice::serveWrite(quint64 address, quint32 size, const void* buffer, QString* error,
+                                 int* errorCode)
 {
     if (const int latency = m_latencyUs.load()) {
         QThread::usleep(unsigned(latency));

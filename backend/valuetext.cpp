@@ -22,7 +22,8 @@ QString integerText(qint64 v, const QString& representation)
     if (representation == QLatin1String("MACAddress")) {
         QStringList parts;
         for (int shift = 40; shift >= 0; shift -= 8) {
-            parts << QStringLiteral("%1").arg((quint64(v) >> shift) & 0xff, 2, 16, QLatin1Char('0'));
+            parts << QStringLiteral("%1").arg((quint64(v) >> shift) & 0xff, 2, 16,
+                                              QLatin1Char('0'));
         }
         return parts.join(QLatin1Char(':')).toUpper();
     }

@@ -18,8 +18,7 @@ ALocalizedPlugin::ALocalizedPlugin(const QString& translationBaseName,
                                    const QString& translationFolder, QObject* parent)
     : IPlugin(parent), m_baseName(translationBaseName), m_folder(translationFolder),
       m_translator(new QTranslator(this))
-{
-}
+{}
 
 ALocalizedPlugin::~ALocalizedPlugin() = default;
 

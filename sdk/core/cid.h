@@ -15,8 +15,7 @@ public:
     CId(const QString& id) : m_id(id) {}
     CId(const QString& a, const QString& b, const QString& c)
         : m_id(a + QLatin1Char('.') + b + QLatin1Char('.') + c)
-    {
-    }
+    {}
 
     const QString& toString() const { return m_id; }
     bool isValid() const { return !m_id.isEmpty(); }

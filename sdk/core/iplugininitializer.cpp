@@ -5,8 +5,7 @@ namespace Plugin {
 
 IPluginInitializer::IPluginInitializer(QObject* parent)
     : QObject(parent), m_serviceLock(QReadWriteLock::Recursive)
-{
-}
+{}
 
 IPluginInitializer::~IPluginInitializer() = default;
 

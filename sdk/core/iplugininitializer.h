@@ -30,15 +30,13 @@ public:
     virtual void unregisterService(QSharedPointer<Core::Service::IService> service) = 0;
 
     // The first registered service that is a T; null when there is none.
-    template <class T>
-    QSharedPointer<T> getService() const;
+    template <class T> QSharedPointer<T> getService() const;
 
 private:
     mutable QReadWriteLock m_serviceLock;
 };
 
-template <class T>
-QSharedPointer<T> IPluginInitializer::getService() const
+template <class T> QSharedPointer<T> IPluginInitializer::getService() const
 {
     QList<QSharedPointer<T>> matches;
     {

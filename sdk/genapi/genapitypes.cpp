@@ -23,7 +23,8 @@ bool visibilityFromString(const QString& text, EVisibility* visibility)
     static const struct {
         const char* name;
         EVisibility value;
-    } table[] = {{"Beginner", Beginner}, {"Expert", Expert}, {"Guru", Guru}, {"Invisible", Invisible}};
+    } table[] = {
+        {"Beginner", Beginner}, {"Expert", Expert}, {"Guru", Guru}, {"Invisible", Invisible}};
     for (const auto& entry : table) {
         if (text == QLatin1String(entry.name)) {
             *visibility = entry.value;

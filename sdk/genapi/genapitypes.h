@@ -7,13 +7,7 @@
 // GenApi, so values stored by other GenICam tools keep their meaning.
 namespace GenApi {
 
-enum EVisibility {
-    Beginner = 0,
-    Expert = 1,
-    Guru = 2,
-    Invisible = 3,
-    _UndefinedVisibility = 99
-};
+enum EVisibility { Beginner = 0, Expert = 1, Guru = 2, Invisible = 3, _UndefinedVisibility = 99 };
 
 enum EAccessMode {
     NI = 0, // not implemented

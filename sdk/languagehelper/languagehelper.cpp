@@ -68,8 +68,7 @@ void setLanguageId(const QString& languageId)
 
 QStringList supportedLanguages()
 {
-    return {QStringLiteral("en"), QStringLiteral("ja"), QStringLiteral("ko"),
-            QStringLiteral("zh")};
+    return {QStringLiteral("en"), QStringLiteral("ja"), QStringLiteral("ko"), QStringLiteral("zh")};
 }
 
 } // namespace LanguageHelper

@@ -42,48 +42,42 @@ class AccessException : public Exception {
 public:
     AccessException(const QString& feature, const QString& message)
         : Exception(Access, feature, message)
-    {
-    }
+    {}
 };
 
 class RangeException : public Exception {
 public:
     RangeException(const QString& feature, const QString& message)
         : Exception(Range, feature, message)
-    {
-    }
+    {}
 };
 
 class InvalidArgumentException : public Exception {
 public:
     InvalidArgumentException(const QString& feature, const QString& message)
         : Exception(InvalidArgument, feature, message)
-    {
-    }
+    {}
 };
 
 class TimeoutException : public Exception {
 public:
     TimeoutException(const QString& feature, const QString& message)
         : Exception(Timeout, feature, message)
-    {
-    }
+    {}
 };
 
 class DeviceLostException : public Exception {
 public:
     DeviceLostException(const QString& feature, const QString& message)
         : Exception(DeviceLost, feature, message)
-    {
-    }
+    {}
 };
 
 class NotFoundException : public Exception {
 public:
     NotFoundException(const QString& feature, const QString& message)
         : Exception(NotFound, feature, message)
-    {
-    }
+    {}
 };
 
 } // namespace ParameterCollection

@@ -41,8 +41,8 @@ public:
     bool available = false;
     bool implemented = false;
     bool locked = false;
-    QVariant value;      // the typed value; invalid when not readable
-    QString displayText; // the value as a user reads it (enumeration: entry display name)
+    QVariant value;         // the typed value; invalid when not readable
+    QString displayText;    // the value as a user reads it (enumeration: entry display name)
     QString representation; // "Linear", "Logarithmic", "HexNumber", ... or empty
     QString unit;
     QString errorText; // why the value could not be read, when it could not

@@ -13,8 +13,7 @@ public:
     explicit ParameterName(const QString& fullName) : m_fullName(fullName) {}
     ParameterName(const QString& nodeMap, const QString& feature)
         : m_fullName(QLatin1Char('@') + nodeMap + QLatin1Char('/') + feature)
-    {
-    }
+    {}
 
     const QString& toString() const { return m_fullName; }
     bool isEmpty() const { return m_fullName.isEmpty(); }

@@ -95,7 +95,8 @@ void tst_CameraPool::shouldReportMissingFileClearly()
         pool.openSimulated(QStringLiteral("/nonexistent/camera.xml"));
         QFAIL("a missing file must not open");
     } catch (const NotFoundException& e) {
-        QVERIFY2(QString::fromUtf8(e.what()).startsWith(QStringLiteral("[/nonexistent/camera.xml] cannot open")),
+        QVERIFY2(QString::fromUtf8(e.what()).startsWith(
+                     QStringLiteral("[/nonexistent/camera.xml] cannot open")),
                  e.what());
     }
     QVERIFY(pool.getOpenDevices().isEmpty());
@@ -111,7 +112,10 @@ struct Builtin {
     {
         return collection->getParameter(QStringLiteral("@CameraDevice/") + QLatin1String(feature));
     }
-    void sync() const { static_cast<Backend::DeviceParameterCollection*>(collection.data())->waitForDevice(); }
+    void sync() const
+    {
+        static_cast<Backend::DeviceParameterCollection*>(collection.data())->waitForDevice();
+    }
 };
 
 } // namespace
@@ -127,10 +131,12 @@ void tst_CameraPool::shouldOpenBuiltinCameraWithFourModules()
     QCOMPARE(camera.info->getModelName(), QStringLiteral("VNT-SIM-2000"));
     QCOMPARE(camera.info->getDeviceText(), QStringLiteral("Vanto_VNT-SIM-2000"));
     QVERIFY(!camera.info->isGigE());
-    const int visible = countVisibleFeatures(*camera.collection, QStringLiteral("@CameraDevice/Root"));
+    const int visible =
+        countVisibleFeatures(*camera.collection, QStringLiteral("@CameraDevice/Root"));
     QVERIFY2(visible >= 300, qPrintable(QString::number(visible)));
     QVERIFY(camera.collection->getParameter(QStringLiteral("@StreamGrabber0/MaxNumBuffer")));
-    QVERIFY(camera.collection->getParameter(QStringLiteral("@StreamGrabber0/Statistic_Failed_Buffer_Count")));
+    QVERIFY(camera.collection->getParameter(
+        QStringLiteral("@StreamGrabber0/Statistic_Failed_Buffer_Count")));
 }
 
 void tst_CameraPool::shouldReadAndWriteEveryTypeOnBuiltinCamera()
@@ -149,7 +155,8 @@ void tst_CameraPool::shouldReadAndWriteEveryTypeOnBuiltinCamera()
 
     const auto exposure = camera.get("ExposureTime");
     QCOMPARE(exposure->getType(), int(FloatType));
-    QCOMPARE(exposure->getProperty(QStringLiteral("Representation")), QStringLiteral("Logarithmic"));
+    QCOMPARE(exposure->getProperty(QStringLiteral("Representation")),
+             QStringLiteral("Logarithmic"));
     exposure->setValue(QVariant(2500.0));
     camera.sync();
     QCOMPARE(exposure->getParameterData()->value.toDouble(), 2500.0);
@@ -180,9 +187,11 @@ void tst_CameraPool::shouldReadAndWriteEveryTypeOnBuiltinCamera()
 void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
 {
     Builtin camera;
-    QCOMPARE(thrownText<AccessException>([&] { camera.get("DeviceVendorName")->setValue(QStringLiteral("x")); }),
+    QCOMPARE(thrownText<AccessException>(
+                 [&] { camera.get("DeviceVendorName")->setValue(QStringLiteral("x")); }),
              QStringLiteral("[DeviceVendorName] the feature is not writable (RO)"));
-    QCOMPARE(thrownText<AccessException>([&] { camera.get("AcquisitionFrameRate")->setValue(QVariant(10.0)); }),
+    QCOMPARE(thrownText<AccessException>(
+                 [&] { camera.get("AcquisitionFrameRate")->setValue(QVariant(10.0)); }),
              QStringLiteral("[AcquisitionFrameRate] the feature is not available"));
     const auto legacy = camera.get("ExposureTimeAbs");
     QCOMPARE(legacy->getParameterData()->accessMode, GenApi::NI);
@@ -191,15 +200,18 @@ void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
     camera.get("ExposureAuto")->setValue(QStringLiteral("Continuous"));
     camera.sync();
     QVERIFY(camera.get("ExposureTime")->getParameterData()->locked);
-    QCOMPARE(thrownText<AccessException>([&] { camera.get("ExposureTime")->setValue(QVariant(100.0)); }),
-             QStringLiteral("[ExposureTime] the feature is locked"));
+    QCOMPARE(
+        thrownText<AccessException>([&] { camera.get("ExposureTime")->setValue(QVariant(100.0)); }),
+        QStringLiteral("[ExposureTime] the feature is locked"));
     const auto width = camera.get("Width");
     const auto w = width->getParameterData().staticCast<const IntegerParameterData>();
-    QVERIFY(thrownText<RangeException>([&] { width->setValue(QVariant(w->max + w->increment)); })
-                .startsWith(QStringLiteral("[Width] ")));
+    QVERIFY(thrownText<RangeException>([&] {
+                width->setValue(QVariant(w->max + w->increment));
+            }).startsWith(QStringLiteral("[Width] ")));
     if (w->increment > 1) {
-        QVERIFY(thrownText<RangeException>([&] { width->setValue(QVariant(w->min + 1)); })
-                    .contains(QStringLiteral("increment")));
+        QVERIFY(thrownText<RangeException>([&] {
+                    width->setValue(QVariant(w->min + 1));
+                }).contains(QStringLiteral("increment")));
     }
 }
 
@@ -274,9 +286,8 @@ void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
     QElapsedTimer sinceTick;
     qint64 longestGap = 0;
     sinceTick.start();
-    connect(&ticker, &QTimer::timeout, &ticker, [&] {
-        longestGap = qMax(longestGap, sinceTick.restart());
-    });
+    connect(&ticker, &QTimer::timeout, &ticker,
+            [&] { longestGap = qMax(longestGap, sinceTick.restart()); });
     ticker.start();
     QElapsedTimer lostAfter;
     lostAfter.start();

@@ -19,7 +19,8 @@ namespace {
 const QString kDefaults = QStringLiteral("Width=1024\nHeight=768\nMode=Off\nTemperatureReg=40.0\n");
 
 // Opens minimal.xml and computes PayloadSize on the device, the way a camera does.
-std::unique_ptr<DeviceParameterCollection> openMinimal(const QString& xml = QStringLiteral("minimal.xml"))
+std::unique_ptr<DeviceParameterCollection>
+openMinimal(const QString& xml = QStringLiteral("minimal.xml"))
 {
     struct PayloadLogic : Backend::DeviceLogic {
         explicit PayloadLogic(SimulatedDevice& device)
@@ -96,7 +97,8 @@ void tst_DeviceParameterCollection::shouldAnswerStructureAndFirstValuesFromMemor
     QCOMPARE(data->accessMode, GenApi::RW);
     QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/PayloadSize")).toLongLong(), 1024 * 768);
     QCOMPARE(valueOf(*c, QStringLiteral("@CameraDevice/Mode")).toString(), QStringLiteral("Off"));
-    QCOMPARE(c->getParameter(QStringLiteral("@CameraDevice/Temperature"))->getProperty(QStringLiteral("PollingTime")),
+    QCOMPARE(c->getParameter(QStringLiteral("@CameraDevice/Temperature"))
+                 ->getProperty(QStringLiteral("PollingTime")),
              QStringLiteral("1000"));
     QVERIFY(!c->getParameter(QStringLiteral("@CameraDevice/NoSuchFeature")));
     QVERIFY(!c->getParameter(QStringLiteral("@NoSuchMap/Width")));
@@ -107,9 +109,12 @@ void tst_DeviceParameterCollection::shouldGiveOneParameterObjectPerName()
     auto c = openMinimal();
     QCOMPARE(c->getParameter(QStringLiteral("@CameraDevice/Width")).data(),
              c->getParameter(QStringLiteral("@CameraDevice/Width")).data());
-    QVERIFY(qobject_cast<IIntegerParameter*>(c->getParameter(QStringLiteral("@CameraDevice/Width")).data()));
-    QVERIFY(qobject_cast<IEnumParameter*>(c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
-    QVERIFY(!qobject_cast<ICommandParameter*>(c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
+    QVERIFY(qobject_cast<IIntegerParameter*>(
+        c->getParameter(QStringLiteral("@CameraDevice/Width")).data()));
+    QVERIFY(qobject_cast<IEnumParameter*>(
+        c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
+    QVERIFY(!qobject_cast<ICommandParameter*>(
+        c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
 }
 
 void tst_DeviceParameterCollection::shouldThrowTypedErrorsNamingTheFeature()
@@ -128,8 +133,9 @@ void tst_DeviceParameterCollection::shouldThrowTypedErrorsNamingTheFeature()
     QCOMPARE(thrownText<AccessException>([&] { temperature->setValue(QVariant(3.0)); }),
              QStringLiteral("[Temperature] the feature is not writable (RO)"));
     const auto mode = c->getParameter(QStringLiteral("@CameraDevice/Mode"));
-    QCOMPARE(thrownText<InvalidArgumentException>([&] { mode->setValue(QStringLiteral("Sideways")); }),
-             QStringLiteral("[Mode] 'Sideways' is not an available entry"));
+    QCOMPARE(
+        thrownText<InvalidArgumentException>([&] { mode->setValue(QStringLiteral("Sideways")); }),
+        QStringLiteral("[Mode] 'Sideways' is not an available entry"));
     // Hexadecimal text is an integer too.
     width->setValue(QStringLiteral("0x100"));
     QCOMPARE(width->getParameterData()->value.toLongLong(), 256);
@@ -188,8 +194,13 @@ void tst_DeviceParameterCollection::shouldCoalesceConsecutiveWritesToOneFeature(
     QSemaphore release;
     auto* worker = static_cast<QObject*>(nullptr);
     c->runOnDeviceThread([&worker](DeviceWorker& w) { worker = &w; });
-    QMetaObject::invokeMethod(worker, [&] { started.release(); release.acquire(); },
-                              Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        worker,
+        [&] {
+            started.release();
+            release.acquire();
+        },
+        Qt::QueuedConnection);
     started.acquire();
     device->resetCounters();
     for (int w = 32; w <= 320; w += 32) {
@@ -293,9 +304,11 @@ void tst_DeviceParameterCollection::shouldOverrideVisibilityAndAccessMode()
 void tst_DeviceParameterCollection::shouldRejectOverrideTextItDoesNotUnderstand()
 {
     auto c = openMinimal();
-    auto* access = c->getParameter(QStringLiteral("@CameraDevice/Width"))->getAdvancedParameterAccess();
-    QCOMPARE(thrownText<InvalidArgumentException>(
-                 [&] { access->setProperty(QStringLiteral("Visibility"), QStringLiteral("Wizard")); }),
+    auto* access =
+        c->getParameter(QStringLiteral("@CameraDevice/Width"))->getAdvancedParameterAccess();
+    QCOMPARE(thrownText<InvalidArgumentException>([&] {
+                 access->setProperty(QStringLiteral("Visibility"), QStringLiteral("Wizard"));
+             }),
              QStringLiteral("[Width] 'Wizard' is not a visibility"));
     QCOMPARE(thrownText<InvalidArgumentException>(
                  [&] { access->setProperty(QStringLiteral("AccessMode"), QStringLiteral("rw")); }),

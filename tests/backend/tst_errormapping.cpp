@@ -20,15 +20,26 @@ void tst_ErrorMapping::shouldMapAravisErrorsToKinds_data()
     QTest::addColumn<quint32>("domain");
     QTest::addColumn<int>("code");
     QTest::addColumn<int>("kind");
-    QTest::newRow("timeout") << quint32(ARV_DEVICE_ERROR) << int(ARV_DEVICE_ERROR_TIMEOUT) << int(Exception::Timeout);
-    QTest::newRow("not connected") << quint32(ARV_DEVICE_ERROR) << int(ARV_DEVICE_ERROR_NOT_CONNECTED) << int(Exception::DeviceLost);
-    QTest::newRow("access denied") << quint32(ARV_DEVICE_ERROR) << int(ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED) << int(Exception::Access);
-    QTest::newRow("read only") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_READ_ONLY) << int(Exception::Access);
-    QTest::newRow("out of range") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_OUT_OF_RANGE) << int(Exception::Range);
-    QTest::newRow("syntax") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_INVALID_SYNTAX) << int(Exception::InvalidArgument);
-    QTest::newRow("no entry") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_ENUM_ENTRY_NOT_FOUND) << int(Exception::InvalidArgument);
-    QTest::newRow("no node") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_NODE_NOT_FOUND) << int(Exception::NotFound);
-    QTest::newRow("other domain") << quint32(G_IO_ERROR) << int(G_IO_ERROR_FAILED) << int(Exception::Generic);
+    QTest::newRow("timeout") << quint32(ARV_DEVICE_ERROR) << int(ARV_DEVICE_ERROR_TIMEOUT)
+                             << int(Exception::Timeout);
+    QTest::newRow("not connected")
+        << quint32(ARV_DEVICE_ERROR) << int(ARV_DEVICE_ERROR_NOT_CONNECTED)
+        << int(Exception::DeviceLost);
+    QTest::newRow("access denied")
+        << quint32(ARV_DEVICE_ERROR) << int(ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED)
+        << int(Exception::Access);
+    QTest::newRow("read only") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_READ_ONLY)
+                               << int(Exception::Access);
+    QTest::newRow("out of range") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_OUT_OF_RANGE)
+                                  << int(Exception::Range);
+    QTest::newRow("syntax") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_INVALID_SYNTAX)
+                            << int(Exception::InvalidArgument);
+    QTest::newRow("no entry") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_ENUM_ENTRY_NOT_FOUND)
+                              << int(Exception::InvalidArgument);
+    QTest::newRow("no node") << quint32(ARV_GC_ERROR) << int(ARV_GC_ERROR_NODE_NOT_FOUND)
+                             << int(Exception::NotFound);
+    QTest::newRow("other domain") << quint32(G_IO_ERROR) << int(G_IO_ERROR_FAILED)
+                                  << int(Exception::Generic);
 }
 
 void tst_ErrorMapping::shouldMapAravisErrorsToKinds()
@@ -43,7 +54,8 @@ void tst_ErrorMapping::shouldTreatOnlyConnectionFailuresAsLoss()
 {
     QVERIFY(Backend::isDeviceLossError(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_TIMEOUT));
     QVERIFY(Backend::isDeviceLossError(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_TRANSFER_ERROR));
-    QVERIFY(!Backend::isDeviceLossError(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED));
+    QVERIFY(!Backend::isDeviceLossError(ARV_DEVICE_ERROR,
+                                        ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED));
     QVERIFY(!Backend::isDeviceLossError(ARV_GC_ERROR, ARV_GC_ERROR_OUT_OF_RANGE));
 }
 

@@ -16,8 +16,7 @@ class TestPlugin : public ALocalizedPlugin {
 public:
     explicit TestPlugin(const QString& folder = QStringLiteral(":/translation"))
         : ALocalizedPlugin(QStringLiteral("localizedtest"), folder)
-    {
-    }
+    {}
 
     bool initialize(QPointer<IPluginInitializer>) override { return true; }
     void postInitialize() override {}

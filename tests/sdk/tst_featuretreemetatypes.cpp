@@ -39,8 +39,7 @@ struct Expected {
 // effect, which would hide a name that registerFeatureTreeMetaTypes() forgot.
 const Expected EXPECTED[] = {
     {"Plugin::CameraPool::BaseInfoPtr", [] { return qMetaTypeId<BaseInfoPtr>(); }},
-    {"QSharedPointer<Plugin::CameraPool::IBaseInfo>",
-     [] { return qMetaTypeId<BaseInfoPtr>(); }},
+    {"QSharedPointer<Plugin::CameraPool::IBaseInfo>", [] { return qMetaTypeId<BaseInfoPtr>(); }},
     {"Plugin::CameraPool::CameraInfoPtr",
      [] { return qMetaTypeId<Plugin::CameraPool::CameraInfoPtr>(); }},
     {"QSharedPointer<Plugin::CameraPool::ICameraInfo>",
@@ -103,8 +102,7 @@ private Q_SLOTS:
         Sender sender;
         Receiver receiver;
         QVERIFY(QObject::connect(&sender, SIGNAL(deviceOpened(Plugin::CameraPool::BaseInfoPtr)),
-                                 &receiver,
-                                 SLOT(onDeviceOpened(Plugin::CameraPool::BaseInfoPtr)),
+                                 &receiver, SLOT(onDeviceOpened(Plugin::CameraPool::BaseInfoPtr)),
                                  Qt::QueuedConnection));
         const BaseInfoPtr camera(new FakeBaseInfo(QStringLiteral("SIM0001")));
 

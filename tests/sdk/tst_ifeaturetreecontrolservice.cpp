@@ -85,8 +85,7 @@ private Q_SLOTS:
             << QByteArray("unregisterDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo>)")
             << slot;
         QTest::newRow("setActiveDevice")
-            << QByteArray("setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo>)")
-            << slot;
+            << QByteArray("setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo>)") << slot;
         QTest::newRow("refreshFeatureTree") << QByteArray("refreshFeatureTree()") << slot;
         QTest::newRow("deviceRegistered")
             << QByteArray("deviceRegistered(QSharedPointer<Plugin::CameraPool::IBaseInfo>)")
@@ -122,9 +121,10 @@ private Q_SLOTS:
         QTest::newRow("register") << QByteArray("registerDevice")
                                   << QByteArray(SIGNAL(deviceRegistered(
                                          QSharedPointer<Plugin::CameraPool::IBaseInfo>)));
-        QTest::newRow("unregister") << QByteArray("unregisterDevice")
-                                    << QByteArray(SIGNAL(deviceUnregistered(
-                                           QSharedPointer<Plugin::CameraPool::IBaseInfo>)));
+        QTest::newRow("unregister")
+            << QByteArray("unregisterDevice")
+            << QByteArray(
+                   SIGNAL(deviceUnregistered(QSharedPointer<Plugin::CameraPool::IBaseInfo>)));
         QTest::newRow("activate") << QByteArray("setActiveDevice")
                                   << QByteArray(SIGNAL(activeDeviceChanged(
                                          QSharedPointer<Plugin::CameraPool::IBaseInfo>)));
@@ -141,9 +141,9 @@ private Q_SLOTS:
         QVERIFY(spy.isValid());
 
         // When the host calls the slot through the meta-object, as it does
-        QVERIFY(QMetaObject::invokeMethod(&service, slot.constData(),
-                                          Q_ARG(QSharedPointer<Plugin::CameraPool::IBaseInfo>,
-                                                camera)));
+        QVERIFY(QMetaObject::invokeMethod(
+            &service, slot.constData(),
+            Q_ARG(QSharedPointer<Plugin::CameraPool::IBaseInfo>, camera)));
 
         // Then the signal carries that very camera
         QCOMPARE(spy.count(), 1);

@@ -63,8 +63,8 @@ private Q_SLOTS:
         // Given a panel whose signals are forwarded to the service, queued, by signature
         IFeatureTreeStatusService service;
         Panel panel;
-        QVERIFY(QObject::connect(&panel, SIGNAL(visibilityChanged(GenApi::EVisibility)),
-                                 &service, SIGNAL(visibilityChanged(GenApi::EVisibility)),
+        QVERIFY(QObject::connect(&panel, SIGNAL(visibilityChanged(GenApi::EVisibility)), &service,
+                                 SIGNAL(visibilityChanged(GenApi::EVisibility)),
                                  Qt::QueuedConnection));
         QVERIFY(QObject::connect(
             &panel, SIGNAL(currentChanged(QSharedPointer<ParameterCollection::IParameter>)),

@@ -21,8 +21,7 @@ QString languageIdInLocale(const QString& locale, QString* error)
     environment.remove(QStringLiteral("LANGUAGE"));
     QProcess child;
     child.setProcessEnvironment(environment);
-    child.start(QCoreApplication::applicationFilePath(),
-                {QString::fromLatin1(PRINT_LANGUAGE_ID)});
+    child.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(PRINT_LANGUAGE_ID)});
     if (!child.waitForFinished(30000) || child.exitCode() != 0) {
         *error = child.errorString() + QString::fromLocal8Bit(child.readAllStandardError());
         return QString();
@@ -94,8 +93,8 @@ private Q_SLOTS:
 
     void shouldListTheShippedLanguages()
     {
-        const QStringList expected{QStringLiteral("en"), QStringLiteral("ja"),
-                                   QStringLiteral("ko"), QStringLiteral("zh")};
+        const QStringList expected{QStringLiteral("en"), QStringLiteral("ja"), QStringLiteral("ko"),
+                                   QStringLiteral("zh")};
         QCOMPARE(LanguageHelper::supportedLanguages(), expected);
     }
 };
