@@ -79,8 +79,9 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     qSetMessagePattern(QStringLiteral("%{message}"));
     const QString shared = QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR"));
-    const QString flir = (shared.isEmpty() ? QStringLiteral("../shared") : shared) +
-                         QStringLiteral("/genicam/FLIR_ORX_10G_310S9M.xml");
+    const QString flir =
+        (shared.isEmpty() ? QStringLiteral(NODESCOPE_DEFAULT_SHARED_DIR) : shared) +
+        QStringLiteral("/genicam/FLIR_ORX_10G_310S9M.xml");
     const QByteArray xml = readFile(flir);
     if (xml.isEmpty()) {
         std::printf("open: skipped, %s is absent\n", qPrintable(flir));
@@ -138,8 +139,9 @@ int main(int argc, char** argv)
             }
             latencies.append(timer.nsecsElapsed() / 1e3);
         }
-        std::printf("write latency to the device's data-changed signal: median %.0f us, p99 %.0f us\n",
-                    median(latencies), percentile(latencies, 0.99));
+        std::printf(
+            "write latency to the device's data-changed signal: median %.0f us, p99 %.0f us\n",
+            median(latencies), percentile(latencies, 0.99));
     }
     return 0;
 }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QSharedPointer>
+#include <QString>
+
+class QDomDocument;
+class QDomElement;
+
+namespace ParameterCollection {
+class IParameterCollection;
+}
+
+namespace Plugin {
+namespace CameraPool {
+class IBaseInfo;
+}
+} // namespace Plugin
+
+// Lets an installation impose visibility and access modes on the nodes of a node map through
+// an XML file, before the tree shows them.
+class NodeMapFilter {
+public:
+    NodeMapFilter() = delete;
+
+    // name is the node map, with or without its "@" ("@CameraDevice", "StreamGrabber0").
+    static void applyFilter(QSharedPointer<ParameterCollection::IParameterCollection> collection,
+                            QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
+                            const QString& name);
+    static bool createDocument(QDomDocument& doc,
+                               QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
+                               const QString& name);
+    // Without a node map the item's name must be a full name ("@CameraDevice/Width"), since a
+    // collection holds several node maps.
+    static void processElement(QDomElement& item,
+                               QSharedPointer<ParameterCollection::IParameterCollection> collection,
+                               const QString& nodeMapName = QString());
+};
