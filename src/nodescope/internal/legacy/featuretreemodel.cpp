@@ -3,6 +3,7 @@
 #include "featuretreehighlighter.h"
 #include "featuretreeinodeitem.h"
 #include "featuretreeitem.h"
+#include "searchmatcher.h"
 
 #include <QDebug>
 #include <QMimeData>
@@ -17,16 +18,6 @@ namespace {
 const char* const kSourcePath = "src/nodescope/internal/legacy/featuretreemodel";
 const char* const kTextPlain = "text/plain";
 
-bool matches(const QStringMatcher& matcher, const QString& text)
-{
-    // The matcher's skip table only pays off from two characters on.
-    if (matcher.pattern().size() == 1) {
-        // Two case-sensitive scans are vectorised; one that folds case is not.
-        const QChar c = matcher.pattern().at(0);
-        return text.contains(c.toLower()) || text.contains(c.toUpper());
-    }
-    return matcher.indexIn(text) >= 0;
-}
 } // namespace
 
 FeatureTreeModel::FeatureTreeModel(QObject* parent)
@@ -423,13 +414,12 @@ void FeatureTreeModel::setSearchRegExp(QString text)
 void FeatureTreeModel::setSearchRegExpRecursive(FeatureTreeINodeItem* item, const QString& text)
 {
     // A plain substring, ignoring case: users type names, and "Gain(" must not be a pattern.
-    const QStringMatcher matcher(text, Qt::CaseInsensitive);
-    markSearched(item, matcher);
+    markSearched(item, SearchMatcher(text));
 }
 
-void FeatureTreeModel::markSearched(FeatureTreeItem* item, const QStringMatcher& matcher)
+void FeatureTreeModel::markSearched(FeatureTreeItem* item, const SearchMatcher& matcher)
 {
-    const bool empty = matcher.pattern().isEmpty();
+    const bool empty = matcher.isEmpty();
     const int count = item->childCount();
     for (int i = 0; i < count; ++i) {
         FeatureTreeItem* child = item->child(i);
@@ -438,8 +428,8 @@ void FeatureTreeModel::markSearched(FeatureTreeItem* item, const QStringMatcher&
         } else if (!m_searchNarrowing || child->isSearched()) {
             const QString technical = child->getTechnicalName();
             const QString displayed = child->getDisplayedName();
-            child->setSearched(matches(matcher, technical) ||
-                               (displayed != technical && matches(matcher, displayed)));
+            child->setSearched(matcher.matches(technical) ||
+                               (displayed != technical && matcher.matches(displayed)));
         }
         markSearched(child, matcher);
     }

@@ -6,10 +6,11 @@
 #include <QList>
 #include <QSharedPointer>
 #include <QSet>
-#include <QStringMatcher>
 #include <QTimer>
 
 #include <memory>
+
+class SearchMatcher;
 
 // The feature tree: one subtree per node map, node map -> category -> feature. Values are
 // read from the items' snapshots and written through them; the first node map is polled.
@@ -104,7 +105,7 @@ private:
                          QList<FeatureTreeItem*>& created, QSet<QString>& expanding);
     FeatureTreeItem* itemOrRoot(const QModelIndex& index) const;
     void loadSubtree(FeatureTreeItem* item);
-    void markSearched(FeatureTreeItem* item, const QStringMatcher& matcher);
+    void markSearched(FeatureTreeItem* item, const SearchMatcher& matcher);
     void markHighlighted(FeatureTreeItem* item, const QSet<QString>& names);
 
     std::unique_ptr<FeatureTreeItem> m_rootItem;

@@ -1,0 +1,54 @@
+#include "searchmatcher.h"
+
+namespace {
+
+bool isAscii(const QString& text)
+{
+    for (const QChar c : text) {
+        if (c.unicode() > 0x7f) {
+            return false;
+        }
+    }
+    return true;
+}
+
+inline ushort foldAscii(ushort c)
+{
+    return c >= 'A' && c <= 'Z' ? ushort(c + ('a' - 'A')) : c;
+}
+
+} // namespace
+
+SearchMatcher::SearchMatcher(const QString& text)
+    : m_text(text), m_matcher(text, Qt::CaseInsensitive)
+{
+    if (isAscii(text)) {
+        m_lowerAscii = text.toLower();
+    }
+}
+
+bool SearchMatcher::matches(const QString& name) const
+{
+    if (m_text.isEmpty()) {
+        return false;
+    }
+    if (m_lowerAscii.isEmpty()) {
+        return m_matcher.indexIn(name) >= 0;
+    }
+    // Names are short: a direct scan beats building skip tables. Non-ASCII characters of the
+    // name never equal an ASCII pattern character, so folding ASCII alone is exact.
+    const ushort* pattern = m_lowerAscii.utf16();
+    const int patternLength = m_lowerAscii.size();
+    const ushort* chars = name.utf16();
+    const int last = name.size() - patternLength;
+    for (int start = 0; start <= last; ++start) {
+        int i = 0;
+        while (i < patternLength && foldAscii(chars[start + i]) == pattern[i]) {
+            ++i;
+        }
+        if (i == patternLength) {
+            return true;
+        }
+    }
+    return false;
+}
