@@ -766,9 +766,14 @@ ParameterDataPtr DeviceWorker::readNode(NodeMap& map, int i, bool* deviceFailed)
         d->intValue = v;
         QString current;
         QString currentDisplay;
-        for (const GSList* it = arv_gc_enumeration_get_entries(enumeration); it != nullptr;
-             it = it->next) {
-            auto* entryNode = ARV_GC_FEATURE_NODE(it->data);
+        // The entries in document order, as the camera's description lists them: Aravis keeps
+        // its own entry list back to front.
+        for (ArvDomNode* child = arv_dom_node_get_first_child(ARV_DOM_NODE(enumeration));
+             child != nullptr; child = arv_dom_node_get_next_sibling(child)) {
+            if (!ARV_IS_GC_ENUM_ENTRY(child)) {
+                continue;
+            }
+            auto* entryNode = ARV_GC_FEATURE_NODE(child);
             EnumParameterData::Entry entry;
             entry.name = QString::fromUtf8(arv_gc_feature_node_get_name(entryNode));
             const char* display = arv_gc_feature_node_get_display_name(entryNode);

@@ -59,6 +59,7 @@ class tst_DeviceParameterCollection : public QObject {
 private Q_SLOTS:
     void shouldAnswerStructureAndFirstValuesFromMemory();
     void shouldGiveOneParameterObjectPerName();
+    void shouldListEnumerationEntriesInDocumentOrder();
     void shouldThrowTypedErrorsNamingTheFeature();
     void shouldShowWrittenValueAtOnceAndDeliverConsequences();
     void shouldReadOnlyTheDependencyClosureAfterWrite();
@@ -115,6 +116,18 @@ void tst_DeviceParameterCollection::shouldGiveOneParameterObjectPerName()
         c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
     QVERIFY(!qobject_cast<ICommandParameter*>(
         c->getParameter(QStringLiteral("@CameraDevice/Mode")).data()));
+}
+
+void tst_DeviceParameterCollection::shouldListEnumerationEntriesInDocumentOrder()
+{
+    auto c = openMinimal();
+    const auto mode = c->getParameter(QStringLiteral("@CameraDevice/Mode"));
+    const auto data = mode->getParameterData().dynamicCast<const EnumParameterData>();
+    QVERIFY(data);
+    QCOMPARE(data->entries.size(), 2);
+    QCOMPARE(data->entries.at(0).name, QStringLiteral("Off"));
+    QCOMPARE(data->entries.at(1).name, QStringLiteral("On"));
+    QCOMPARE(data->entries.at(1).intValue, 1);
 }
 
 void tst_DeviceParameterCollection::shouldThrowTypedErrorsNamingTheFeature()
