@@ -60,6 +60,7 @@ private Q_SLOTS:
     void shouldAnswerStructureAndFirstValuesFromMemory();
     void shouldGiveOneParameterObjectPerName();
     void shouldListEnumerationEntriesInDocumentOrder();
+    void shouldKnowTheLimitsOfWriteOnlyNumbers();
     void shouldThrowTypedErrorsNamingTheFeature();
     void shouldShowWrittenValueAtOnceAndDeliverConsequences();
     void shouldReadOnlyTheDependencyClosureAfterWrite();
@@ -128,6 +129,30 @@ void tst_DeviceParameterCollection::shouldListEnumerationEntriesInDocumentOrder(
     QCOMPARE(data->entries.at(0).name, QStringLiteral("Off"));
     QCOMPARE(data->entries.at(1).name, QStringLiteral("On"));
     QCOMPARE(data->entries.at(1).intValue, 1);
+}
+
+void tst_DeviceParameterCollection::shouldKnowTheLimitsOfWriteOnlyNumbers()
+{
+    // Given numbers that can be written but not read
+    auto c = std::make_unique<DeviceParameterCollection>(QStringLiteral("test"));
+    c->attachSimulated(QStringLiteral("CameraDevice"), testData(QStringLiteral("writeonly.xml")));
+    const auto trigger = c->getParameter(QStringLiteral("@CameraDevice/Trigger"));
+    const auto data = trigger->getParameterData().dynamicCast<const IntegerParameterData>();
+    QVERIFY(!data->readable);
+    QCOMPARE(data->accessMode, GenApi::WO);
+    // Then their limits are known, so writes inside them pass and others are refused
+    QCOMPARE(data->min, 0);
+    QCOMPARE(data->max, 100);
+    QCOMPARE(data->increment, 5);
+    trigger->setValue(QVariant(35));
+    QCOMPARE(thrownText<RangeException>([&] { trigger->setValue(QVariant(105)); }),
+             QStringLiteral("[Trigger] 105 is above the maximum 100"));
+    const auto level = c->getParameter(QStringLiteral("@CameraDevice/Level"));
+    level->setValue(QVariant(0.5));
+    const auto levelData = level->getParameterData().dynamicCast<const FloatParameterData>();
+    QCOMPARE(levelData->min, -1.0);
+    QCOMPARE(levelData->max, 1.0);
+    c->waitForDevice();
 }
 
 void tst_DeviceParameterCollection::shouldThrowTypedErrorsNamingTheFeature()
