@@ -468,13 +468,38 @@ QString DeviceParameterCollection::propertyOf(int map, int node, const QString& 
     return QString();
 }
 
+// Addresses as people write them: "192.168.0.10", "00:1b:2c:3d:4e:5f" or "00-1B-2C-3D-4E-5F".
+static bool parseAddress(const QString& text, qint64* value)
+{
+    const bool ipv4 = text.count(QLatin1Char('.')) == 3;
+    const QChar separator = text.contains(QLatin1Char(':')) ? QLatin1Char(':') : QLatin1Char('-');
+    const bool mac = !ipv4 && text.count(separator) == 5;
+    if (!ipv4 && !mac) {
+        return false;
+    }
+    const QStringList parts = text.split(ipv4 ? QLatin1Char('.') : separator);
+    quint64 result = 0;
+    for (const QString& part : parts) {
+        bool ok = false;
+        const uint byte = part.toUInt(&ok, ipv4 ? 10 : 16);
+        if (!ok || byte > 255 || part.isEmpty() || part.size() > (ipv4 ? 3 : 2)) {
+            return false;
+        }
+        result = (result << 8) | byte;
+    }
+    *value = qint64(result);
+    return true;
+}
+
 static qint64 parseInteger(const QVariant& value, const QString& feature)
 {
     bool ok = false;
     qint64 v = 0;
     if (value.type() == QVariant::String || value.type() == QVariant::ByteArray) {
         const QString text = value.toString().trimmed();
-        if (text.startsWith(QLatin1String("0x")) || text.startsWith(QLatin1String("0X"))) {
+        if (parseAddress(text, &v)) {
+            ok = true;
+        } else if (text.startsWith(QLatin1String("0x")) || text.startsWith(QLatin1String("0X"))) {
             v = qint64(text.mid(2).toULongLong(&ok, 16));
         } else {
             v = text.toLongLong(&ok);

@@ -161,6 +161,16 @@ void tst_CameraPool::shouldReadAndWriteEveryTypeOnBuiltinCamera()
     camera.sync();
     QCOMPARE(exposure->getParameterData()->value.toDouble(), 2500.0);
 
+    // Addresses are written as people write them.
+    const auto address = camera.get("GevPersistentIPAddress");
+    address->setValue(QStringLiteral("192.168.10.20"));
+    camera.sync();
+    QCOMPARE(address->getParameterData()->value.toLongLong(), 0xC0A80A14);
+    QCOMPARE(address->getParameterData()->displayText, QStringLiteral("192.168.10.20"));
+    QCOMPARE(thrownText<InvalidArgumentException>(
+                 [&] { address->setValue(QStringLiteral("192.168.10.300")); }),
+             QStringLiteral("[GevPersistentIPAddress] '192.168.10.300' is not an integer"));
+
     const auto pixelFormat = camera.get("PixelFormat");
     QCOMPARE(pixelFormat->getType(), int(EnumerationType));
     pixelFormat->setValue(QStringLiteral("Mono16"));
