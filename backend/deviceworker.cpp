@@ -676,36 +676,47 @@ ParameterDataPtr DeviceWorker::readNode(NodeMap& map, int i, bool* deviceFailed)
     data->accessMode = data->writable ? (data->readable ? GenApi::RW : GenApi::WO) : GenApi::RO;
     // The limits of a number, which writes are checked against, even when its value cannot
     // be read (a write-only feature).
+    // A limit the description leaves out (no <Inc>, say) is no error of the value.
+    auto limitFailed = [&]() -> bool {
+        if (error == nullptr) {
+            return false;
+        }
+        if (isDeviceLossError(error->domain, error->code)) {
+            return failed();
+        }
+        g_clear_error(&error);
+        return true;
+    };
     auto readLimits = [&]() {
         if (info.type == IntegerType) {
             auto* d = static_cast<IntegerParameterData*>(data.data());
             auto* integer = ARV_GC_INTEGER(feature);
             d->min = arv_gc_integer_get_min(integer, &error);
-            if (failed()) {
+            if (limitFailed()) {
                 d->min = std::numeric_limits<qint64>::min();
             }
             d->max = arv_gc_integer_get_max(integer, &error);
-            if (failed()) {
+            if (limitFailed()) {
                 d->max = std::numeric_limits<qint64>::max();
             }
             d->increment = arv_gc_integer_get_inc(integer, &error);
-            if (failed() || d->increment <= 0) {
+            if (limitFailed() || d->increment <= 0) {
                 d->increment = 1;
             }
         } else if (info.type == FloatType) {
             auto* d = static_cast<FloatParameterData*>(data.data());
             auto* number = ARV_GC_FLOAT(feature);
             d->min = arv_gc_float_get_min(number, &error);
-            if (failed()) {
+            if (limitFailed()) {
                 d->min = -std::numeric_limits<double>::max();
             }
             d->max = arv_gc_float_get_max(number, &error);
-            if (failed()) {
+            if (limitFailed()) {
                 d->max = std::numeric_limits<double>::max();
             }
             // Aravis answers an increment of 1 or DBL_MIN-like defaults when none is declared.
             d->increment = arv_gc_float_get_inc(number, &error);
-            if (failed() || !(d->increment > 0.0) || !std::isfinite(d->increment) ||
+            if (limitFailed() || !(d->increment > 0.0) || !std::isfinite(d->increment) ||
                 d->increment == std::numeric_limits<double>::min()) {
                 d->increment = 0.0;
             }

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void shouldGiveOneParameterObjectPerName();
     void shouldListEnumerationEntriesInDocumentOrder();
     void shouldKnowTheLimitsOfWriteOnlyNumbers();
+    void shouldNotCallAMissingIncrementAnError();
     void shouldThrowTypedErrorsNamingTheFeature();
     void shouldShowWrittenValueAtOnceAndDeliverConsequences();
     void shouldReadOnlyTheDependencyClosureAfterWrite();
@@ -153,6 +154,18 @@ void tst_DeviceParameterCollection::shouldKnowTheLimitsOfWriteOnlyNumbers()
     QCOMPARE(levelData->min, -1.0);
     QCOMPARE(levelData->max, 1.0);
     c->waitForDevice();
+}
+
+void tst_DeviceParameterCollection::shouldNotCallAMissingIncrementAnError()
+{
+    // Temperature declares no <Inc>: Aravis fails to read one, which is no error of the value.
+    auto c = openMinimal();
+    const auto data = c->getParameter(QStringLiteral("@CameraDevice/Temperature"))
+                          ->getParameterData()
+                          .dynamicCast<const FloatParameterData>();
+    QVERIFY(data->readable);
+    QVERIFY(!data->hasIncrement);
+    QCOMPARE(data->errorText, QString());
 }
 
 void tst_DeviceParameterCollection::shouldThrowTypedErrorsNamingTheFeature()

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "internal/legacy/abstractitemeditor.h"
+
+#include <QMetaObject>
+#include <QSharedPointer>
+#include <QString>
+#include <QWidget>
+
+class DoubleSpinBox;
+
+// The value editor of a float feature without a slider representation: a spin box with the
+// feature's unit, notation, precision and range. Where the collection has a parameter named
+// by the alias key (the feature's full name + "/Alias"), the editor shows and edits that alias
+// instead, writing it itself.
+class FloatEditor : public QWidget, public AbstractItemEditor {
+    Q_OBJECT
+public:
+    FloatEditor(QWidget* parent, QString aliasKey);
+    ~FloatEditor() override;
+
+    void setEditorData(AbstractItemEditor::EditorData data) override;
+    // The spin box's value. While an alias is followed, the feature's own current value
+    // instead: the alias is written by the editor, and the model must see nothing to write.
+    QVariant editorData() override;
+
+    DoubleSpinBox* spinBox() const { return m_spinBox; }
+    QString aliasKey() const { return m_aliasKey; }
+    // The alias being followed; null when the feature is edited directly.
+    QSharedPointer<ParameterCollection::IParameter> alias() const { return m_alias; }
+
+Q_SIGNALS:
+    // The user changed the value; never emitted while data is loaded.
+    void boxValueChanged(double value);
+
+private:
+    void follow(const QSharedPointer<ParameterCollection::IParameter>& alias);
+    void load();
+    void onSpinBoxValueChanged(double value);
+    void loadIfPending();
+
+    DoubleSpinBox* m_spinBox = nullptr; // a child of this widget
+    QString m_aliasKey;
+    AbstractItemEditor::EditorData m_data;
+    QSharedPointer<ParameterCollection::IParameter> m_alias;
+    QMetaObject::Connection m_aliasConnection;
+    bool m_emit = true;
+    // Data arrived while the user was typing; it is shown once the typing ends.
+    bool m_pendingLoad = false;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "internal/legacy/abstractitemeditor.h"
+#include "internal/legacy/twomodedoublecomboslider.h"
+
+#include <QMetaObject>
+#include <QSharedPointer>
+
+// The value editor of a float feature with the "Linear" or "Logarithmic" representation: a
+// slider in that mode and a spin box. Where the collection has a parameter named after the
+// feature's full name + "/Alias", the editor shows and edits that alias instead, writing it
+// itself.
+class FloatSliderEditor : public TwoModeDoubleComboSlider, public AbstractItemEditor {
+    Q_OBJECT
+public:
+    FloatSliderEditor(QWidget* parent,
+                      QSharedPointer<ParameterCollection::IParameterCollection> collection);
+    ~FloatSliderEditor() override;
+
+    void setEditorData(AbstractItemEditor::EditorData data) override;
+    // The slider's value. While an alias is followed, the feature's own current value instead:
+    // the alias is written by the editor, and the model must see nothing to write.
+    QVariant editorData() override;
+
+    // The alias being followed; null when the feature is edited directly.
+    QSharedPointer<ParameterCollection::IParameter> alias() const { return m_alias; }
+
+Q_SIGNALS:
+    // The user changed the value; never emitted while data is loaded.
+    void boxValueChanged(double value);
+
+private:
+    void follow(const QSharedPointer<ParameterCollection::IParameter>& alias);
+    void load();
+    void loadIfPending();
+    void onValueChanged(double value);
+
+    QSharedPointer<ParameterCollection::IParameterCollection> m_collection;
+    QSharedPointer<ParameterCollection::IParameter> m_parameter;
+    QSharedPointer<ParameterCollection::IParameter> m_alias;
+    QMetaObject::Connection m_aliasConnection;
+    bool m_pendingLoad = false;
+};

@@ -1,0 +1,74 @@
+#include "intslidereditor.h"
+
+#include "trimtoint32.h"
+
+#include <QSlider>
+
+#include <cstdlib>
+
+using namespace ParameterCollection;
+
+IntSliderEditor::IntSliderEditor(QWidget* parent) : ComboSlider(parent)
+{
+    // The cell's own text must not show through between slider and spin box.
+    setAutoFillBackground(true);
+}
+
+void IntSliderEditor::setEditorData(AbstractItemEditor::EditorData data)
+{
+    try {
+        IParameter* parameter = data.parameter.data();
+        if (!qobject_cast<IIntegerParameter*>(parameter)) {
+            const QByteArray name = parameter ? parameter->getName().toUtf8() : QByteArray();
+            qDebug("%s is called with non-integer node????", name.constData());
+            return;
+        }
+        const QSharedPointer<const ParameterData> snapshot = parameter->getParameterData();
+        const auto* integer = dynamic_cast<const IntegerParameterData*>(snapshot.data());
+        if (!integer || integer->type != IntegerType) {
+            return;
+        }
+        const QByteArray name = parameter->getName().toUtf8();
+        if (!integer->readable) {
+            qDebug("Non-readable slider: %s??????", name.constData());
+            return;
+        }
+
+        const int minimum = trimToInt32(integer->min);
+        const int maximum = trimToInt32(integer->max);
+        const int value = trimToInt32(integer->value.toLongLong());
+        const int increment = trimToInt32(integer->increment);
+        if (maximum < minimum) {
+            qDebug("Feature %s: min value % d > max value %d???", name.constData(), minimum,
+                   maximum);
+        }
+        if (value < minimum || value > maximum) {
+            qDebug("Feature %s: value %d out of range??? min = %d, max = %d", name.constData(),
+                   value, minimum, maximum);
+        }
+
+        // The editor's own state, not the one inherited from a disabled view.
+        const bool enabled = !testAttribute(Qt::WA_ForceDisabled);
+        if (enabled != integer->writable) {
+            setEnabled(integer->writable);
+        }
+        const bool rangeChanged = m_slider->minimum() != minimum ||
+                                  m_slider->maximum() != maximum ||
+                                  m_slider->singleStep() != increment;
+        if (rangeChanged) {
+            setRangeAndStep(minimum, maximum, increment);
+        }
+        if (rangeChanged || m_slider->value() != value) {
+            setValue(value);
+        }
+        const long long span = std::llabs(static_cast<long long>(maximum) - minimum);
+        setPageStep(trimToInt32(qMax(2LL * increment, span / 20)));
+    } catch (...) {
+        // A parameter that fails to answer leaves the editor as it was.
+    }
+}
+
+QVariant IntSliderEditor::editorData()
+{
+    return QVariant(m_slider->value());
+}

@@ -1,0 +1,463 @@
+#include "testsupport.h"
+
+#include "internal/legacy/checkboxeditor.h"
+#include "internal/legacy/enumeditor.h"
+#include "internal/legacy/featuretreedelegate.h"
+#include "internal/legacy/featuretreehighlighter.h"
+#include "internal/legacy/featuretreeinodeitem.h"
+#include "internal/legacy/featuretreemodel.h"
+#include "internal/legacy/featuretreeproxymodel.h"
+#include "internal/legacy/floateditor.h"
+#include "internal/legacy/floatslidereditor.h"
+#include "internal/legacy/inteditor.h"
+#include "internal/legacy/intslidereditor.h"
+#include "internal/legacy/toolbuttoneditor.h"
+
+#include <simulateddevice.h>
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTreeView>
+#include <QtTest>
+
+using namespace ParameterCollection;
+
+// The delegate on a real tree: a view over the proxy over the model of a simulated camera.
+class tst_FeatureTreeDelegate : public QObject {
+    Q_OBJECT
+
+private:
+    QSharedPointer<Backend::DeviceParameterCollection> m_collection;
+    std::unique_ptr<FeatureTreeModel> m_model;
+    std::unique_ptr<FeatureTreeProxyModel> m_proxy;
+    std::unique_ptr<FeatureTreeHighlighter> m_highlighter;
+    std::unique_ptr<QTreeView> m_view;
+    FeatureTreeDelegate* m_delegate = nullptr; // owned by the view
+
+    QModelIndex index(const QString& feature, int column = 1) const
+    {
+        return m_proxy->findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr,
+                                           column);
+    }
+    QSharedPointer<IParameter> parameter(const QString& feature) const
+    {
+        return m_collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
+    }
+    // The feature's value once the view has done what is queued and the device has answered.
+    QVariant value(const QString& feature) const
+    {
+        QCoreApplication::processEvents();
+        m_collection->waitForDevice();
+        return parameter(feature)->getParameterData()->value;
+    }
+    template <class Editor> Editor* openPersistent(const QString& feature)
+    {
+        const QModelIndex i = index(feature);
+        m_view->openPersistentEditor(i);
+        return qobject_cast<Editor*>(m_view->indexWidget(i));
+    }
+    // Starts editing the way a user does, and returns the editor that took the focus.
+    QWidget* startEditing(const QString& feature)
+    {
+        const QModelIndex i = index(feature);
+        m_view->setCurrentIndex(i);
+        m_view->edit(i);
+        return m_view->indexWidget(i);
+    }
+    int writeCount()
+    {
+        int count = 0;
+        m_collection->runOnDeviceThread([&count](Backend::DeviceWorker& worker) {
+            count = worker.simulatedDevice(0)->writeCount();
+        });
+        return count;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_collection = openTestDescription(QStringLiteral("tree"));
+        m_model = std::make_unique<FeatureTreeModel>();
+        m_proxy = std::make_unique<FeatureTreeProxyModel>();
+        m_highlighter = std::make_unique<FeatureTreeHighlighter>();
+        m_proxy->setSourceModel(m_model.get());
+        m_proxy->addParameterCollection(m_collection, QStringLiteral("Camera"),
+                                        QStringLiteral("@CameraDevice"), false);
+        m_proxy->setShowUnavailableParameters(true);
+        m_view = std::make_unique<QTreeView>();
+        m_view->setEditTriggers(QAbstractItemView::DoubleClicked |
+                                QAbstractItemView::EditKeyPressed);
+        m_delegate = new FeatureTreeDelegate(m_view.get(), m_proxy.get(), m_highlighter.get());
+        m_view->setItemDelegate(m_delegate);
+        m_view->setModel(m_proxy.get());
+        m_view->expandAll();
+        m_view->resize(600, 900);
+        m_view->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+    }
+
+    void cleanup()
+    {
+        m_view.reset();
+        m_proxy.reset();
+        m_model.reset();
+        m_collection.reset();
+    }
+
+    void shouldChooseTheEditorForEachKindOfFeature_data()
+    {
+        QTest::addColumn<QString>("feature");
+        QTest::addColumn<QString>("editorClass");
+        QTest::newRow("integer") << "IntPlain"
+                                 << "IntEditor";
+        QTest::newRow("hex integer") << "IntHex"
+                                     << "IntEditor";
+        QTest::newRow("linear integer") << "IntLinear"
+                                        << "IntSliderEditor";
+        QTest::newRow("logarithmic integer") << "IntLog"
+                                             << "IntSliderEditor";
+        QTest::newRow("float") << "FloatPlain"
+                               << "FloatEditor";
+        QTest::newRow("linear float") << "FloatLinear"
+                                      << "FloatSliderEditor";
+        QTest::newRow("logarithmic float") << "FloatLog"
+                                           << "FloatSliderEditor";
+        QTest::newRow("enumeration") << "EnumFeat"
+                                     << "EnumEditor";
+        QTest::newRow("boolean") << "BoolFeat"
+                                 << "CheckBoxEditor";
+        QTest::newRow("command") << "CmdFeat"
+                                 << "ToolButtonEditor";
+        QTest::newRow("string") << "StrFeat"
+                                << "QExpandingLineEdit";
+        QTest::newRow("read-only integer") << "ReadOnlyInt"
+                                           << "IntEditor";
+        QTest::newRow("write-only integer") << "WriteOnly"
+                                            << "IntEditor";
+    }
+    void shouldChooseTheEditorForEachKindOfFeature()
+    {
+        QFETCH(QString, feature);
+        QFETCH(QString, editorClass);
+        QStyleOptionViewItem option;
+        std::unique_ptr<QWidget> editor(
+            m_delegate->createEditor(m_view->viewport(), option, index(feature)));
+        QVERIFY(editor);
+        QCOMPARE(QString::fromLatin1(editor->metaObject()->className()), editorClass);
+    }
+
+    void shouldOpenNoEditorForAnAbsentFeature()
+    {
+        // Given a feature that is not available now
+        const QModelIndex notAvailable = index(QStringLiteral("NotAvail"));
+        QVERIFY(notAvailable.isValid());
+        auto* item = dynamic_cast<FeatureTreeINodeItem*>(m_proxy->getFeatureTreeItem(notAvailable));
+        QCOMPARE(item->getAccessMode(), GenApi::NA);
+        // When the user double-clicks its value
+        const QRect cell = m_view->visualRect(notAvailable);
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, cell.center());
+        QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, {}, cell.center());
+        // Then no editor opens
+        QVERIFY(!m_view->indexWidget(notAvailable));
+        QCOMPARE(m_view->findChildren<QLineEdit*>().size(), 0);
+        QStyleOptionViewItem option;
+        QVERIFY(!m_delegate->createEditor(m_view->viewport(), option, notAvailable));
+    }
+
+    void shouldOpenNoEditorForCategoriesOrInvalidIndexes()
+    {
+        QStyleOptionViewItem option;
+        QVERIFY(!m_delegate->createEditor(m_view->viewport(), option, QModelIndex()));
+        // A category is no feature: Qt's default editor for its empty edit value, if any, but
+        // never one of ours.
+        QWidget* editor =
+            m_delegate->createEditor(m_view->viewport(), option, index(QStringLiteral("Controls")));
+        QVERIFY(!dynamic_cast<AbstractItemEditor*>(editor));
+        delete editor;
+    }
+
+    void shouldWriteAPlainIntegerOnlyWhenEditingEnds()
+    {
+        // Given the line editor of a plain integer
+        auto* editor = qobject_cast<IntEditor*>(startEditing(QStringLiteral("IntPlain")));
+        QVERIFY(editor);
+        QCOMPARE(editor->text(), QStringLiteral("42"));
+        const int writes = writeCount();
+        // When the user types a number, nothing is written yet
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("77"));
+        QCOMPARE(writeCount(), writes);
+        QCOMPARE(value(QStringLiteral("IntPlain")).toLongLong(), 42);
+        // Then Enter writes it
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(value(QStringLiteral("IntPlain")).toLongLong(), 77);
+        QTRY_COMPARE(index(QStringLiteral("IntPlain")).data().toString(), QStringLiteral("77"));
+    }
+
+    void shouldWriteAHexIntegerTypedInHex()
+    {
+        auto* editor = qobject_cast<IntEditor*>(startEditing(QStringLiteral("IntHex")));
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("0x1F"));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(value(QStringLiteral("IntHex")).toLongLong(), 0x1f);
+    }
+
+    void shouldWriteALinearIntegerWhileTheUserSteps()
+    {
+        // Given the slider editor of an integer with increment 10
+        auto* editor = openPersistent<IntSliderEditor>(QStringLiteral("IntLinear"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QSpinBox*>();
+        QVERIFY(spinBox);
+        QCOMPARE(spinBox->value(), 500);
+        // When the user steps once, the camera has it at once, without ending the edit
+        spinBox->setFocus();
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        QCOMPARE(value(QStringLiteral("IntLinear")).toLongLong(), 510);
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        QCOMPARE(value(QStringLiteral("IntLinear")).toLongLong(), 520);
+    }
+
+    void shouldWriteALinearIntegerWhileTheUserDrags()
+    {
+        auto* editor = openPersistent<IntSliderEditor>(QStringLiteral("IntLinear"));
+        QVERIFY(editor);
+        auto* slider = editor->findChild<QSlider*>();
+        QVERIFY(slider);
+        // Keys on the slider move it as a drag would, one step at a time
+        slider->setFocus();
+        QTest::keyClick(slider, Qt::Key_Right);
+        QCOMPARE(value(QStringLiteral("IntLinear")).toLongLong(), 510);
+        QTest::keyClick(slider, Qt::Key_End);
+        QCOMPARE(value(QStringLiteral("IntLinear")).toLongLong(), 1000);
+    }
+
+    void shouldWriteAFloatTypedIntoItsSpinBox()
+    {
+        auto* editor = openPersistent<FloatEditor>(QStringLiteral("FloatPlain"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QDoubleSpinBox*>();
+        QVERIFY(spinBox);
+        spinBox->setFocus();
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("20"));
+        QTest::keyClick(spinBox, Qt::Key_Return);
+        QCOMPARE(value(QStringLiteral("FloatPlain")).toDouble(), 20.0);
+    }
+
+    void shouldWriteALinearFloatWhileTheUserSteps()
+    {
+        auto* editor = openPersistent<FloatSliderEditor>(QStringLiteral("FloatLinear"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QDoubleSpinBox*>();
+        QVERIFY(spinBox);
+        const double before = value(QStringLiteral("FloatLinear")).toDouble();
+        spinBox->setFocus();
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        const double after = value(QStringLiteral("FloatLinear")).toDouble();
+        QVERIFY2(after > before, qPrintable(QStringLiteral("%1 -> %2").arg(before).arg(after)));
+    }
+
+    void shouldWriteTheEnumerationEntryTheUserPicks()
+    {
+        auto* editor = openPersistent<EnumEditor>(QStringLiteral("EnumFeat"));
+        QVERIFY(editor);
+        QCOMPARE(editor->currentText(), QStringLiteral("Switched On"));
+        editor->setFocus();
+        QTest::keyClick(editor, Qt::Key_Up);
+        QCOMPARE(editor->currentText(), QStringLiteral("Switched Off"));
+        QCOMPARE(value(QStringLiteral("EnumFeat")).toString(), QStringLiteral("Off"));
+    }
+
+    void shouldWriteABooleanWhenClicked()
+    {
+        auto* editor = openPersistent<CheckBoxEditor>(QStringLiteral("BoolFeat"));
+        QVERIFY(editor);
+        QVERIFY(editor->isChecked());
+        // The box never takes the focus, but it answers the space bar like a click.
+        QTest::keyClick(editor, Qt::Key_Space);
+        QCOMPARE(value(QStringLiteral("BoolFeat")).toBool(), false);
+        QVERIFY(!editor->isChecked());
+    }
+
+    void shouldExecuteACommandWhenPressed()
+    {
+        // Given the command's register, untouched
+        quint64 address = 0;
+        quint32 length = 0;
+        qint64 written = -1;
+        m_collection->runOnDeviceThread([&](Backend::DeviceWorker& worker) {
+            worker.simulatedDevice(0)->registerOf("CmdFeatReg", &address, &length);
+            written = worker.simulatedDevice(0)->peekInt(address, length);
+        });
+        QCOMPARE(written, 0);
+        auto* editor = openPersistent<ToolButtonEditor>(QStringLiteral("CmdFeat"));
+        QVERIFY(editor);
+        // When the user presses the button
+        QTest::mouseClick(editor, Qt::LeftButton, {}, editor->rect().center());
+        m_collection->waitForDevice();
+        // Then the command value reached the camera
+        m_collection->runOnDeviceThread([&](Backend::DeviceWorker& worker) {
+            written = worker.simulatedDevice(0)->peekInt(address, length);
+        });
+        QCOMPARE(written, 1);
+    }
+
+    void shouldEditAStringWithTheDefaultLineEdit()
+    {
+        auto* editor = qobject_cast<QLineEdit*>(startEditing(QStringLiteral("StrFeat")));
+        QVERIFY(editor);
+        QVERIFY(!dynamic_cast<AbstractItemEditor*>(editor));
+        QCOMPARE(editor->text(), QStringLiteral("hello"));
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("world"));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(value(QStringLiteral("StrFeat")).toString(), QStringLiteral("world"));
+    }
+
+    void shouldNotReplaceTextTheUserIsTyping()
+    {
+        // Given the user typing into a string's editor
+        auto* editor = qobject_cast<QLineEdit*>(startEditing(QStringLiteral("StrFeat")));
+        QVERIFY(editor);
+        editor->setFocus();
+        QTRY_VERIFY(editor->hasFocus());
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("typing"));
+        // When the value changes in the camera and the tree refreshes
+        QSignalSpy changed(m_proxy.get(), &QAbstractItemModel::dataChanged);
+        parameter(QStringLiteral("StrFeat"))->setValue(QStringLiteral("other"));
+        QTRY_VERIFY(!changed.isEmpty());
+        m_delegate->setEditorData(editor, index(QStringLiteral("StrFeat")));
+        // Then the text being typed stays
+        QCOMPARE(editor->text(), QStringLiteral("typing"));
+        // while an editor without focus follows the model
+        QStyleOptionViewItem option;
+        std::unique_ptr<QWidget> idle(
+            m_delegate->createEditor(m_view->viewport(), option, index(QStringLiteral("StrFeat"))));
+        auto* idleEdit = qobject_cast<QLineEdit*>(idle.get());
+        QVERIFY(idleEdit && !idleEdit->hasFocus());
+        m_delegate->setEditorData(idleEdit, index(QStringLiteral("StrFeat")));
+        QCOMPARE(idleEdit->text(), QStringLiteral("other"));
+    }
+
+    void shouldFollowValuesThatChangeInTheCamera()
+    {
+        auto* editor = openPersistent<IntSliderEditor>(QStringLiteral("IntLinear"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QSpinBox*>();
+        const int writes = writeCount();
+        parameter(QStringLiteral("IntLinear"))->setValue(250);
+        QTRY_COMPARE(spinBox->value(), 250);
+        // Showing the camera's value is not an edit: nothing is written back
+        m_collection->waitForDevice();
+        QCOMPARE(writeCount(), writes + 1);
+    }
+
+    void shouldDestroyEditorsLater()
+    {
+        QStyleOptionViewItem option;
+        QPointer<QWidget> editor =
+            m_delegate->createEditor(m_view->viewport(), option, index(QStringLiteral("IntPlain")));
+        QVERIFY(editor);
+        m_delegate->destroyEditor(editor, index(QStringLiteral("IntPlain")));
+        QVERIFY(editor);
+        QTRY_VERIFY(editor.isNull());
+    }
+
+    void shouldKeepTheStyleRowHeightAt96Dpi()
+    {
+        const QSize base(120, 17);
+        QFont font;
+        font.setPointSize(12);
+        QCOMPARE(FeatureTreeDelegate::scaledSizeHint(base, font, 96.0), base);
+        QCOMPARE(FeatureTreeDelegate::scaledSizeHint(base, font, 72.0), base);
+    }
+
+    void shouldUseAnEightPointRowAboveDefaultDpi()
+    {
+        const QSize base(120, 40);
+        QFont font;
+        font.setPointSize(12);
+        QFont eight(font);
+        eight.setPointSize(8);
+        const QSize scaled = FeatureTreeDelegate::scaledSizeHint(base, font, 144.0);
+        QCOMPARE(scaled.width(), 120);
+        QCOMPARE(scaled.height(), QFontMetrics(eight).height() + 4);
+    }
+
+    void shouldAnswerTheBaseSizeHintOnThisScreen()
+    {
+        const QModelIndex i = index(QStringLiteral("IntPlain"), 0);
+        QStyleOptionViewItem option;
+        option.font = m_view->font();
+        QStyledItemDelegate base;
+        const qreal dpi = QGuiApplication::primaryScreen()->logicalDotsPerInch();
+        QCOMPARE(m_delegate->sizeHint(option, i),
+                 FeatureTreeDelegate::scaledSizeHint(base.sizeHint(option, i), option.font, dpi));
+    }
+
+    void shouldPaintNamesLikeTheBaseWithoutSearchText()
+    {
+        const QModelIndex i = index(QStringLiteral("IntPlain"), 0);
+        QStyleOptionViewItem option;
+        option.initFrom(m_view->viewport());
+        option.rect = QRect(0, 0, 200, 24);
+        option.widget = m_view.get();
+        QStyledItemDelegate base;
+        QImage ours(200, 24, QImage::Format_ARGB32);
+        QImage theirs(200, 24, QImage::Format_ARGB32);
+        ours.fill(Qt::white);
+        theirs.fill(Qt::white);
+        {
+            QPainter painter(&ours);
+            m_delegate->paint(&painter, option, i);
+        }
+        {
+            QPainter painter(&theirs);
+            base.paint(&painter, option, i);
+        }
+        QCOMPARE(ours, theirs);
+    }
+
+    void shouldMarkSearchMatchesInTheName()
+    {
+        // Given the search text "Integer" and the row "Plain Integer"
+        m_highlighter->setTextToHighlight(QStringLiteral("integer"));
+        const QModelIndex i = index(QStringLiteral("IntPlain"), 0);
+        QStyleOptionViewItem option;
+        option.initFrom(m_view->viewport());
+        option.rect = QRect(0, 0, 200, 24);
+        option.widget = m_view.get();
+        QImage image(200, 24, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        {
+            QPainter painter(&image);
+            m_delegate->paint(&painter, option, i);
+        }
+        // Then the second word sits on the highlight colour, the first does not
+        const QColor mark = m_highlighter->getHighlightColor();
+        int markedLeft = 0;
+        int markedRight = 0;
+        for (int x = 0; x < 200; ++x) {
+            if (image.pixelColor(x, 12) == mark) {
+                (x < 40 ? markedLeft : markedRight)++;
+            }
+        }
+        QCOMPARE(markedLeft, 0);
+        QVERIFY(markedRight > 20);
+    }
+};
+
+QTEST_MAIN(tst_FeatureTreeDelegate)
+#include "tst_featuretreedelegate.moc"

@@ -1,0 +1,460 @@
+#include "testsupport.h"
+
+#include "internal/legacy/doublespinbox.h"
+#include "internal/legacy/floateditor.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QSignalSpy>
+#include <QWheelEvent>
+#include <QtTest>
+
+using namespace ParameterCollection;
+
+namespace {
+
+const QString kPrefix = QStringLiteral("@CameraDevice/");
+
+bool giveFocus(QWidget* widget)
+{
+    widget->window()->show();
+    QApplication::setActiveWindow(widget->window());
+    widget->setFocus(Qt::OtherFocusReason);
+    return QTest::qWaitFor([widget] { return widget->hasFocus(); });
+}
+
+bool turnWheel(QWidget* widget, int delta)
+{
+    const QPoint center = widget->rect().center();
+    QWheelEvent event(QPointF(center), QPointF(widget->mapToGlobal(center)), QPoint(),
+                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    event.setAccepted(false);
+    QApplication::sendEvent(widget, &event);
+    return event.isAccepted();
+}
+
+void typeOver(QAbstractSpinBox* box, const QString& text)
+{
+    box->selectAll();
+    QTest::keyClicks(box, text);
+}
+
+// What the delegate and the model do around an editor: every boxValueChanged is committed as
+// the model would (written unless equal to the current value), and every new parameter data
+// reloads the editor.
+void wireLikeTheDelegate(FloatEditor* editor, const AbstractItemEditor::EditorData& data)
+{
+    const QSharedPointer<IParameter> parameter = data.parameter;
+    QObject::connect(editor, &FloatEditor::boxValueChanged, editor, [editor, parameter] {
+        const QVariant value = editor->editorData();
+        if (!value.isValid() || parameter->getParameterData()->value == value) {
+            return;
+        }
+        try {
+            parameter->setValue(value);
+        } catch (const std::exception& e) {
+            QFAIL(e.what());
+        }
+    });
+    QObject::connect(parameter.data(), &IParameter::parameterDataChanged, editor,
+                     [editor, data] { editor->setEditorData(data); });
+}
+
+} // namespace
+
+class tst_FloatEditor : public QObject {
+    Q_OBJECT
+
+private:
+    QSharedPointer<Backend::DeviceParameterCollection> m_collection;
+    std::unique_ptr<QWidget> m_window;
+
+    QSharedPointer<IParameter> parameter(const QString& feature) const
+    {
+        return m_collection->getParameter(kPrefix + feature);
+    }
+    QVariant deviceValue(const QString& feature) const
+    {
+        m_collection->waitForDevice();
+        return parameter(feature)->getParameterData()->value;
+    }
+    // An editor for `feature` as the delegate makes it, with the alias key of that feature.
+    FloatEditor* open(const QString& feature, const QString& aliasKey = QString())
+    {
+        auto* editor = new FloatEditor(m_window.get(),
+                                       aliasKey.isNull() ? kPrefix + feature + "/Alias" : aliasKey);
+        const AbstractItemEditor::EditorData data{parameter(feature), m_collection};
+        editor->setEditorData(data);
+        wireLikeTheDelegate(editor, data);
+        editor->resize(200, 24);
+        editor->show();
+        return editor;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+    void init()
+    {
+        m_collection = openTestDescription(QStringLiteral("floatalias"));
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(300, 100);
+        m_window->show();
+    }
+    void cleanup()
+    {
+        m_window.reset();
+        m_collection.reset();
+    }
+
+    void shouldShowTheValueWithUnitNotationAndPrecision_data()
+    {
+        QTest::addColumn<QString>("feature");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("fixed, one decimal") << "LogNegative"
+                                            << "1.0 dB";
+        QTest::newRow("microseconds") << "Plain" << QStringLiteral("100.0 µs");
+        QTest::newRow("two decimals") << "Rounded"
+                                      << "12.30 dB";
+        QTest::newRow("scientific") << "Tiny"
+                                    << "5.000e-04 s";
+        QTest::newRow("automatic, no unit") << "Ratio"
+                                            << "0.25";
+    }
+    void shouldShowTheValueWithUnitNotationAndPrecision()
+    {
+        QFETCH(QString, feature);
+        QFETCH(QString, text);
+
+        FloatEditor* editor = open(feature);
+
+        QCOMPARE(editor->spinBox()->text(), text);
+        QCOMPARE(editor->editorData(), parameter(feature)->getParameterData()->value);
+        QCOMPARE(editor->editorData().type(), QVariant::Double);
+    }
+
+    void shouldShowTheRangeAsToolTip_data()
+    {
+        QTest::addColumn<QString>("feature");
+        QTest::addColumn<QString>("toolTip");
+        QTest::newRow("no increment") << "Plain"
+                                      << "Range: 1..1000";
+        QTest::newRow("increment") << "Stepped"
+                                   << "Range: 0..100 (Increment: 0.5)";
+        QTest::newRow("negative minimum") << "LogNegative"
+                                          << "Range: -10..10";
+        QTest::newRow("small numbers") << "Tiny"
+                                       << "Range: 1e-06..0.01";
+    }
+    void shouldShowTheRangeAsToolTip()
+    {
+        QFETCH(QString, feature);
+        QFETCH(QString, toolTip);
+
+        FloatEditor* editor = open(feature);
+
+        QCOMPARE(editor->toolTip(), toolTip);
+        QCOMPARE(editor->spinBox()->toolTip(), toolTip);
+    }
+
+    void shouldStepByTheIncrementOrAStepDerivedFromTheRange_data()
+    {
+        QTest::addColumn<QString>("feature");
+        QTest::addColumn<double>("step");
+        QTest::newRow("increment 0.5") << "Stepped" << 0.5;
+        QTest::newRow("1..1000 without increment") << "Plain" << 10.0;
+        QTest::newRow("-10..10 without increment") << "LogNegative" << 0.1;
+        QTest::newRow("0..1 without increment") << "Ratio" << 0.01;
+        QTest::newRow("1e-6..1e-2 without increment") << "Tiny" << 1e-4;
+    }
+    void shouldStepByTheIncrementOrAStepDerivedFromTheRange()
+    {
+        QFETCH(QString, feature);
+        QFETCH(double, step);
+        FloatEditor* editor = open(feature);
+        const double before = editor->spinBox()->value();
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        QTest::keyClick(editor->spinBox(), Qt::Key_Up);
+
+        QCOMPARE(editor->spinBox()->singleStep(), step);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).toDouble(), before + step);
+        QCOMPARE(deviceValue(feature).toDouble(), before + step);
+    }
+
+    void shouldCommitATypedValueOnEnter()
+    {
+        // Given an editor on Plain (100 µs)
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        // When the user types 250 and presses Enter
+        typeOver(editor->spinBox(), QStringLiteral("250"));
+        QCOMPARE(changed.count(), 0);
+        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+
+        // Then the value is committed once and reaches the device
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).toDouble(), 250.0);
+        QCOMPARE(editor->editorData(), QVariant(250.0));
+        QCOMPARE(deviceValue(QStringLiteral("Plain")), QVariant(250.0));
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("250.0 µs"));
+    }
+
+    void shouldTakeTheTypingBackOnEscape()
+    {
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+        typeOver(editor->spinBox(), QStringLiteral("250"));
+
+        QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
+
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("100.0 µs"));
+        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(deviceValue(QStringLiteral("Plain")), QVariant(100.0));
+    }
+
+    void shouldStepByTheIncrementWithArrowKeysAndTheWheel()
+    {
+        FloatEditor* editor = open(QStringLiteral("Stepped"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        QTest::keyClick(editor->spinBox(), Qt::Key_Up);
+        QCOMPARE(deviceValue(QStringLiteral("Stepped")), QVariant(10.5));
+        QVERIFY(giveFocus(editor->spinBox()));
+        QVERIFY(turnWheel(editor->spinBox(), 120));
+        QCOMPARE(deviceValue(QStringLiteral("Stepped")), QVariant(11.0));
+        QTest::keyClick(editor->spinBox(), Qt::Key_Down);
+        QTest::keyClick(editor->spinBox(), Qt::Key_Down);
+
+        QCOMPARE(changed.count(), 4);
+        QCOMPARE(deviceValue(QStringLiteral("Stepped")), QVariant(10.0));
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("10.0 ms"));
+    }
+
+    void shouldIgnoreTheWheelWhileTheEditorHasNoFocus()
+    {
+        FloatEditor* editor = open(QStringLiteral("Stepped"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        QVERIFY(!turnWheel(editor->spinBox(), 120));
+
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(deviceValue(QStringLiteral("Stepped")), QVariant(10.0));
+    }
+
+    void shouldNotEmitWhileDataIsLoaded()
+    {
+        // Given an editor on Plain
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        // When the device's value, range source and all are loaded again and again
+        parameter(QStringLiteral("Plain"))->setValue(QVariant(555.5));
+        m_collection->waitForDevice();
+        editor->setEditorData({parameter(QStringLiteral("Stepped")), m_collection});
+        editor->setEditorData({parameter(QStringLiteral("Plain")), m_collection});
+
+        // Then the editor shows the data and never announces a change
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("555.5 µs"));
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void shouldShowTheValueTheCameraAnswered()
+    {
+        // Given a feature whose device keeps tenths
+        FloatEditor* editor = open(QStringLiteral("Rounded"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        // When 12.34 is typed and committed
+        typeOver(editor->spinBox(), QStringLiteral("12.34"));
+        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).toDouble(), 12.34);
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("12.34 dB"));
+
+        // Then, once the device answers, the editor shows what the device holds
+        QCOMPARE(deviceValue(QStringLiteral("Rounded")), QVariant(12.3));
+        QTRY_COMPARE(editor->spinBox()->text(), QStringLiteral("12.30 dB"));
+        QCOMPARE(editor->spinBox()->value(), 12.3);
+        QCOMPARE(changed.count(), 1);
+    }
+
+    void shouldEditTheBuiltInCamerasExposureTime()
+    {
+        // Given the built-in camera's exposure time in a plain float editor
+        const auto camera = openSimulatedCamera();
+        const QString name = QStringLiteral("@CameraDevice/ExposureTime");
+        const auto exposure = camera->collection->getParameter(name);
+        QVERIFY(exposure);
+        auto* editor = new FloatEditor(m_window.get(), name + QStringLiteral("/Alias"));
+        const AbstractItemEditor::EditorData data{exposure, camera->collection};
+        editor->setEditorData(data);
+        wireLikeTheDelegate(editor, data);
+        editor->show();
+        QVERIFY(!editor->alias());
+        QCOMPARE(editor->spinBox()->suffix(), QStringLiteral(" µs"));
+        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 20..10000000"));
+        QSignalSpy answered(exposure.data(), &IParameter::parameterDataChanged);
+
+        // When 1234.56 is typed and committed
+        typeOver(editor->spinBox(), QStringLiteral("1234.56"));
+        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+
+        // Then the camera holds it and the editor shows it at the feature's precision
+        QTRY_COMPARE(exposure->getParameterData()->value, QVariant(1234.56));
+        QVERIFY(answered.count() >= 1);
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("1234.6 µs"));
+        delete editor;
+    }
+
+    void shouldFollowTheAliasWhereOneExists()
+    {
+        // Given Offset, whose alias Offset/Alias exists
+        const QString aliasName = kPrefix + QStringLiteral("Offset/Alias");
+        QVERIFY(m_collection->getParameter(aliasName));
+        FloatEditor* editor = open(QStringLiteral("Offset"));
+        QVERIFY(editor->alias());
+        QCOMPARE(editor->alias()->getName(), aliasName);
+
+        // Then the alias is shown
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("128 LSB"));
+        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 0..255"));
+
+        // When the user types 200 and presses Enter
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+        typeOver(editor->spinBox(), QStringLiteral("200"));
+        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+
+        // Then the alias is written, the feature is not, and the model has nothing to write
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(deviceValue(QStringLiteral("Offset/Alias")), QVariant(200.0));
+        QCOMPARE(deviceValue(QStringLiteral("Offset")), QVariant(10.0));
+        QCOMPARE(editor->editorData(), QVariant(10.0));
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("200 LSB"));
+    }
+
+    void shouldKeepUpWithTheAliasWhenTheDeviceChangesIt()
+    {
+        FloatEditor* editor = open(QStringLiteral("Offset"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+
+        parameter(QStringLiteral("Offset/Alias"))->setValue(QVariant(64.0));
+        m_collection->waitForDevice();
+
+        QTRY_COMPARE(editor->spinBox()->text(), QStringLiteral("64 LSB"));
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void shouldEditTheFeatureItselfWhereNoAliasExists()
+    {
+        QVERIFY(!m_collection->getParameter(kPrefix + QStringLiteral("Plain/Alias")));
+
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+
+        QVERIFY(!editor->alias());
+        QCOMPARE(editor->aliasKey(), kPrefix + QStringLiteral("Plain/Alias"));
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("100.0 µs"));
+    }
+
+    void shouldLogAndIgnoreANonFloatAlias()
+    {
+        MessageCapture messages;
+
+        FloatEditor* editor = open(QStringLiteral("Plain"), kPrefix + QStringLiteral("Count"));
+
+        QCOMPARE(messages.lines(), QStringList{QStringLiteral(
+                                       "@CameraDevice/Count is called with non-float node????")});
+        QVERIFY(!editor->alias());
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("100.0 µs"));
+    }
+
+    void shouldLogAndIgnoreANonFloatParameter()
+    {
+        // Given an editor showing Plain
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+        MessageCapture messages;
+
+        // When it is given the integer Count
+        editor->setEditorData({parameter(QStringLiteral("Count")), m_collection});
+
+        // Then that is logged and the editor stays as it was
+        QCOMPARE(messages.lines(), QStringList{QStringLiteral(
+                                       "@CameraDevice/Count is called with non-float node????")});
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("100.0 µs"));
+        QCOMPARE(editor->editorData(), QVariant(100.0));
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void shouldLogAndIgnoreAMissingParameter()
+    {
+        FloatEditor editor(nullptr, QString());
+        MessageCapture messages;
+
+        editor.setEditorData({});
+
+        QCOMPARE(messages.lines(),
+                 QStringList{QStringLiteral(" is called with non-float node????")});
+    }
+
+    void shouldShowThatAWriteOnlyFeatureCannotBeRead()
+    {
+        FloatEditor* editor = open(QStringLiteral("WriteOnlyFloat"));
+
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("<not readable>"));
+        QVERIFY(editor->isEnabled());
+    }
+
+    void shouldDisableAReadOnlyFeature()
+    {
+        FloatEditor* editor = open(QStringLiteral("ReadOnlyFloat"));
+
+        QVERIFY(!editor->isEnabled());
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("3.5 V"));
+    }
+
+    void shouldNotOverwriteTypingWhenNewDataArrives()
+    {
+        // Given the user typing into Plain's editor
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+        QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
+        typeOver(editor->spinBox(), QStringLiteral("300"));
+
+        // When the device reports a new value meanwhile
+        parameter(QStringLiteral("Plain"))->setValue(QVariant(55.0));
+        m_collection->waitForDevice();
+
+        // Then the typing stays; Escape drops it and shows the device's value
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("300 µs"));
+        QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
+        QCOMPARE(editor->spinBox()->text(), QStringLiteral("55.0 µs"));
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void shouldKeepEnterAndEscapeInsideTheEditor()
+    {
+        // The delegate's filter sits on the editor widget: it must not see these keys.
+        struct KeyWatcher : QObject {
+            QList<int> keys;
+            bool eventFilter(QObject*, QEvent* event) override
+            {
+                if (event->type() == QEvent::KeyPress) {
+                    keys << static_cast<QKeyEvent*>(event)->key();
+                }
+                return false;
+            }
+        } watcher;
+        FloatEditor* editor = open(QStringLiteral("Plain"));
+        editor->installEventFilter(&watcher);
+
+        QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
+        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+
+        QCOMPARE(watcher.keys, QList<int>());
+    }
+};
+
+QTEST_MAIN(tst_FloatEditor)
+#include "tst_floateditor.moc"

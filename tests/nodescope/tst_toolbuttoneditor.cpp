@@ -1,0 +1,345 @@
+#include "testsupport.h"
+
+#include "internal/legacy/featuretreemodel.h"
+#include "internal/legacy/toolbuttoneditor.h"
+
+#include <simulateddevice.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <atomic>
+#include <memory>
+
+using namespace ParameterCollection;
+
+namespace {
+
+// A feature's row in a real feature tree model, and what the delegate does when an editor
+// commits: hand editorData() to the model's setData for the value column.
+class FeatureRow {
+public:
+    FeatureRow(const QSharedPointer<IParameterCollection>& collection, const QString& feature)
+        : m_collection(collection)
+    {
+        m_model.addParameterCollection(collection, QStringLiteral("Camera"),
+                                       QStringLiteral("@CameraDevice"), false);
+        m_index =
+            m_model.findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr, 1);
+        m_parameter = collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
+    }
+
+    QSharedPointer<IParameter> parameter() const { return m_parameter; }
+    AbstractItemEditor::EditorData editorData() const { return {m_parameter, m_collection}; }
+    void commit(ToolButtonEditor& editor)
+    {
+        m_results << m_model.setData(m_index, editor.editorData(), Qt::EditRole);
+    }
+    const QList<bool>& commitResults() const { return m_results; }
+    QObject* context() { return &m_model; }
+
+private:
+    QSharedPointer<IParameterCollection> m_collection;
+    FeatureTreeModel m_model;
+    QModelIndex m_index;
+    QSharedPointer<IParameter> m_parameter;
+    QList<bool> m_results;
+};
+
+// Counts the writes that reach one register of the device's first node map; null when there
+// is no such register.
+std::shared_ptr<std::atomic<int>> countWrites(Backend::DeviceParameterCollection* collection,
+                                              const char* registerName)
+{
+    auto count = std::make_shared<std::atomic<int>>(0);
+    bool found = false;
+    collection->runOnDeviceThread([&found, count, registerName](Backend::DeviceWorker& worker) {
+        Backend::SimulatedDevice* device = worker.simulatedDevice(0);
+        quint64 address = 0;
+        quint32 length = 0;
+        found = device->registerOf(registerName, &address, &length);
+        device->addWriteHook([count, address](Backend::SimulatedDevice&, quint64 at, quint32) {
+            if (at == address) {
+                ++*count;
+            }
+        });
+    });
+    return found ? count : nullptr;
+}
+
+bool isDone(const ParameterDataPtr& data)
+{
+    return data.staticCast<const CommandParameterData>()->done;
+}
+
+void clickButton(QWidget* button)
+{
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, button->rect().center());
+}
+
+} // namespace
+
+class tst_ToolButtonEditor : public QObject {
+    Q_OBJECT
+
+private:
+    QSharedPointer<Backend::DeviceParameterCollection> m_tree;
+    QSharedPointer<Backend::DeviceParameterCollection> m_states;
+
+private Q_SLOTS:
+    void init()
+    {
+        m_tree = openTestDescription(QStringLiteral("tree"));
+        m_states = openTestDescription(QStringLiteral("editorstates"));
+    }
+
+    void cleanup()
+    {
+        m_tree.reset();
+        m_states.reset();
+    }
+
+    void shouldBeACheckableExecuteButton()
+    {
+        ToolButtonEditor editor;
+        QCOMPARE(editor.text(), QStringLiteral("Execute"));
+        QVERIFY(!editor.autoRaise());
+        QVERIFY(editor.isCheckable());
+        QVERIFY(!editor.isChecked());
+        QCOMPARE(editor.focusPolicy(), Qt::StrongFocus);
+        QCOMPARE(editor.contentsMargins(), QMargins(0, 0, 0, 0));
+    }
+
+    void shouldTakeTheFocusWhenClickedOrTabbedTo()
+    {
+        QWidget window;
+        auto* other = new QLineEdit(&window);
+        auto* editor = new ToolButtonEditor(&window);
+        auto* layout = new QVBoxLayout(&window);
+        layout->addWidget(other);
+        layout->addWidget(editor);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other->setFocus();
+        QTRY_VERIFY(other->hasFocus());
+
+        clickButton(editor);
+        QVERIFY(editor->hasFocus());
+
+        other->setFocus();
+        QTRY_VERIFY(other->hasFocus());
+        QTest::keyClick(other, Qt::Key_Tab);
+        QVERIFY(editor->hasFocus());
+    }
+
+    void shouldExecuteTheCommandOnTheDeviceWhenClicked()
+    {
+        // Given the button of CmdFeat, with no view behind it
+        const auto parameter = m_tree->getParameter(QStringLiteral("@CameraDevice/CmdFeat"));
+        const auto writes = countWrites(m_tree.data(), "CmdFeatReg");
+        QVERIFY(writes);
+        ToolButtonEditor editor;
+        editor.setEditorData({parameter, m_tree});
+        QVERIFY(isDone(parameter->getParameterData()));
+
+        // When the user clicks it
+        clickButton(&editor);
+        m_tree->waitForDevice();
+
+        // Then the command's value was written once and the device has not reported it done
+        QCOMPARE(writes->load(), 1);
+        QVERIFY(!isDone(parameter->getParameterData()));
+        QCOMPARE(parameter->getParameterData()->value, QVariant(true));
+        QVERIFY(!editor.isChecked());
+    }
+
+    void shouldShowTheCommandRunningUntilTheDeviceReportsItDone_data()
+    {
+        QTest::addColumn<bool>("throughModel");
+        QTest::newRow("executed by the editor") << false;
+        QTest::newRow("written through the model by the delegate") << true;
+    }
+
+    void shouldShowTheCommandRunningUntilTheDeviceReportsItDone()
+    {
+        // Given the built-in camera's AcquisitionStart, which takes a few reads to complete
+        QFETCH(bool, throughModel);
+        const auto camera = openSimulatedCamera();
+        FeatureRow row(camera->collection, QStringLiteral("AcquisitionStart"));
+        const auto parameter = row.parameter();
+        auto* command = qobject_cast<ICommandParameter*>(parameter.data());
+        QVERIFY(command);
+        QVERIFY(command->isDone());
+        ToolButtonEditor editor;
+        editor.setEditorData(row.editorData());
+        QVERIFY(editor.isEnabled());
+        if (throughModel) {
+            connect(&editor, &ToolButtonEditor::valueEdited, row.context(),
+                    [&row, &editor] { row.commit(editor); });
+        }
+        QSignalSpy changed(parameter.data(), &IParameter::parameterDataChanged);
+
+        // When the user clicks it
+        clickButton(&editor);
+
+        // Then the button is down and disabled while the command runs
+        QVERIFY(!command->isDone());
+        QVERIFY(editor.isDown());
+        QVERIFY(!editor.isEnabled());
+
+        // And once the device reports IsDone, it is ready for the next press
+        while (changed.isEmpty() || !isDone(changed.last().at(0).value<ParameterDataPtr>())) {
+            QVERIFY(changed.wait());
+        }
+        QVERIFY(command->isDone());
+        QVERIFY(isDone(parameter->getParameterData()));
+        QVERIFY(editor.isEnabled());
+        QVERIFY(!editor.isDown());
+        QVERIFY(!editor.isChecked());
+        QCOMPARE(parameter->getParameterData()->value, QVariant(false));
+        QCOMPARE(row.commitResults(), throughModel ? QList<bool>{true} : QList<bool>());
+    }
+
+    void shouldExecuteOncePerPressWhoeverCommits_data()
+    {
+        QTest::addColumn<QString>("commit");
+        QTest::newRow("no view behind the editor") << "none";
+        QTest::newRow("delegate commits on valueEdited") << "valueEdited";
+        QTest::newRow("delegate commits on clicked") << "clicked";
+        QTest::newRow("view commits when the focus leaves") << "later";
+    }
+
+    void shouldExecuteOncePerPressWhoeverCommits()
+    {
+        QFETCH(QString, commit);
+        FeatureRow row(m_tree, QStringLiteral("CmdFeat"));
+        const auto writes = countWrites(m_tree.data(), "CmdFeatReg");
+        QVERIFY(writes);
+        ToolButtonEditor editor;
+        editor.setEditorData(row.editorData());
+        if (commit == QLatin1String("valueEdited")) {
+            connect(&editor, &ToolButtonEditor::valueEdited, row.context(),
+                    [&row, &editor] { row.commit(editor); });
+        } else if (commit == QLatin1String("clicked")) {
+            connect(&editor, &QAbstractButton::clicked, row.context(),
+                    [&row, &editor] { row.commit(editor); });
+        }
+
+        // Every write shows at once as a running snapshot, before the device has seen it; so
+        // writes that the device queue would merge are still counted here.
+        QSignalSpy written(row.parameter().data(), &IParameter::parameterDataChanged);
+
+        clickButton(&editor);
+        QCOMPARE(written.count(), 1);
+        if (commit == QLatin1String("later")) {
+            m_tree->waitForDevice();
+            written.clear();
+            row.commit(editor);
+            QCOMPARE(written.count(), 0);
+        }
+        m_tree->waitForDevice();
+
+        QCOMPARE(writes->load(), 1);
+        QVERIFY(!isDone(row.parameter()->getParameterData()));
+        QVERIFY(!editor.isChecked());
+        QVERIFY(!editor.editorData().toBool());
+    }
+
+    void shouldHandThePressToTheDelegateAsTrue()
+    {
+        FeatureRow row(m_tree, QStringLiteral("CmdFeat"));
+        ToolButtonEditor editor;
+        editor.setEditorData(row.editorData());
+        QVariant handed;
+        connect(&editor, &ToolButtonEditor::valueEdited, row.context(),
+                [&] { handed = editor.editorData(); });
+
+        clickButton(&editor);
+
+        QCOMPARE(handed, QVariant(true));
+        QVERIFY(!editor.isChecked());
+    }
+
+    void shouldHandBackTheCheckedStateAndResetIt()
+    {
+        ToolButtonEditor editor;
+        editor.setChecked(true);
+
+        QCOMPARE(editor.editorData(), QVariant(true));
+        QVERIFY(!editor.isChecked());
+        QCOMPARE(editor.editorData(), QVariant(false));
+    }
+
+    void shouldLogAndDropTheParameterForANonCommandParameter()
+    {
+        FeatureRow row(m_tree, QStringLiteral("BoolFeat"));
+        const auto writes = countWrites(m_tree.data(), "CmdFeatReg");
+        QVERIFY(writes);
+        ToolButtonEditor editor;
+        editor.setEditorData(
+            {m_tree->getParameter(QStringLiteral("@CameraDevice/CmdFeat")), m_tree});
+        QVERIFY(editor.command());
+        MessageCapture log;
+
+        editor.setEditorData(row.editorData());
+        clickButton(&editor);
+        m_tree->waitForDevice();
+
+        QCOMPARE(log.lines(), QStringList{QStringLiteral(
+                                  "@CameraDevice/BoolFeat is called with non-command node????")});
+        QVERIFY(!editor.command());
+        QCOMPARE(writes->load(), 0);
+        QVERIFY(isDone(
+            m_tree->getParameter(QStringLiteral("@CameraDevice/CmdFeat"))->getParameterData()));
+    }
+
+    void shouldFollowTheLockOfTheCommandWithoutBeingReloaded()
+    {
+        // Given an unlocked command's button
+        const auto parameter = m_states->getParameter(QStringLiteral("@CameraDevice/LockableCmd"));
+        const auto lock = m_states->getParameter(QStringLiteral("@CameraDevice/Lock"));
+        ToolButtonEditor editor;
+        editor.setEditorData({parameter, m_states});
+        QVERIFY(editor.isEnabled());
+
+        // When the command becomes locked and the device says so
+        lock->setValue(QVariant(1));
+        m_states->waitForDevice();
+        parameter->getAdvancedParameterAccess()->refreshParameterData();
+        m_states->waitForDevice();
+
+        // Then the button is disabled, and enabled again once unlocked
+        QVERIFY(parameter->getParameterData()->locked);
+        QVERIFY(!editor.isEnabled());
+        lock->setValue(QVariant(0));
+        m_states->waitForDevice();
+        parameter->getAdvancedParameterAccess()->refreshParameterData();
+        m_states->waitForDevice();
+        QVERIFY(editor.isEnabled());
+    }
+
+    void shouldStayReadyWithoutThrowingWhenTheDeviceIsGone()
+    {
+        auto collection = openTestDescription(QStringLiteral("tree"));
+        const AbstractItemEditor::EditorData data{
+            collection->getParameter(QStringLiteral("@CameraDevice/CmdFeat")), {}};
+        ToolButtonEditor editor;
+        editor.setEditorData(data);
+        QVERIFY(editor.isEnabled());
+
+        collection.reset(); // the device closes; its parameters now throw
+        editor.setEditorData(data);
+        clickButton(&editor);
+
+        QVERIFY(!editor.isChecked());
+        QVERIFY(!editor.isDown());
+        QVERIFY(editor.isEnabled());
+    }
+};
+
+QTEST_MAIN(tst_ToolButtonEditor)
+#include "tst_toolbuttoneditor.moc"
