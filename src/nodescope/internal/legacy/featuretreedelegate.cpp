@@ -12,6 +12,7 @@
 #include "intslidereditor.h"
 #include "toolbuttoneditor.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDesktopWidget>
 #include <QPainter>
@@ -219,6 +220,18 @@ QSize FeatureTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
                                 ? screens.at(number)
                                 : QGuiApplication::primaryScreen();
     return screen ? scaledSizeHint(base, option.font, screen->logicalDotsPerInch()) : base;
+}
+
+void FeatureTreeDelegate::initStyleOption(QStyleOptionViewItem* option,
+                                          const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    // Where an editor covers the value, the value's text would only show through its gaps
+    // (beside a check box, say): the editor shows the value itself.
+    const auto* view = qobject_cast<const QAbstractItemView*>(option->widget);
+    if (index.column() == 1 && view && view->indexWidget(index)) {
+        option->text.clear();
+    }
 }
 
 void FeatureTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

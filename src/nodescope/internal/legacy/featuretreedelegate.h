@@ -47,6 +47,9 @@ public:
     // The row height rule: on a scaled display (above 96 dpi), an 8-point font plus 4 pixels.
     static QSize scaledSizeHint(const QSize& base, const QFont& font, qreal logicalDpi);
 
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
 private Q_SLOTS:
     void emitCommitData();
 
