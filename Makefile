@@ -27,11 +27,13 @@ test: build
 	@cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
 	    ctest --output-on-failure -j $(JOBS)
 
-# The backend tests under AddressSanitizer and UndefinedBehaviorSanitizer.
+# Every test under AddressSanitizer and UndefinedBehaviorSanitizer.
 sanitize: setup
 	@cmake -S . -B build-sanitize -DCMAKE_BUILD_TYPE=Sanitize
 	@cmake --build build-sanitize -j $(JOBS)
-	@cd build-sanitize && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -L backend
+	@cd build-sanitize && QT_QPA_PLATFORM=offscreen \
+	    LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
+	    ctest --output-on-failure -j $(JOBS)
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; $$b || exit 1; done

@@ -1,5 +1,7 @@
 #include "nodemapfilter.h"
 
+#include "nodescoperesources.h"
+
 #include <camerapool/ibaseinfo.h>
 #include <parametercollection/iparametercollection.h>
 
@@ -13,15 +15,6 @@
 
 // A static library's resources stay unregistered until someone asks for them, and rcc's init
 // function is declared at global scope, so the request has to be made from here.
-static void initFilterResources()
-{
-    static const bool initialized = [] {
-        Q_INIT_RESOURCE(vantoviewercomponents);
-        return true;
-    }();
-    Q_UNUSED(initialized)
-}
-
 using namespace ParameterCollection;
 
 namespace {
@@ -95,7 +88,7 @@ bool NodeMapFilter::createDocument(QDomDocument& doc,
     if (!info) {
         return false;
     }
-    initFilterResources();
+    Plugin::Nodescope::initNodescopeResources();
 
     QStringList fileNames;
     fileNames << info->getDeviceText() + QLatin1Char('_') + fileNodeMapName(name) +

@@ -1,0 +1,25 @@
+#include "nodescoperesources.h"
+
+#include <QtGlobal>
+
+// Q_INIT_RESOURCE must run outside any namespace.
+static void registerResources()
+{
+    Q_INIT_RESOURCE(nodescope);
+    Q_INIT_RESOURCE(vantoviewercomponents);
+}
+
+namespace Plugin {
+namespace Nodescope {
+
+void initNodescopeResources()
+{
+    static const bool registered = [] {
+        registerResources();
+        return true;
+    }();
+    Q_UNUSED(registered)
+}
+
+} // namespace Nodescope
+} // namespace Plugin
