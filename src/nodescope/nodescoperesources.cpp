@@ -7,6 +7,7 @@ static void registerResources()
 {
     Q_INIT_RESOURCE(nodescope);
     Q_INIT_RESOURCE(vantoviewercomponents);
+    Q_INIT_RESOURCE(qml);
 }
 
 namespace Plugin {

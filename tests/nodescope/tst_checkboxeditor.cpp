@@ -1,52 +1,16 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/checkboxeditor.h"
-#include "internal/legacy/featuretreemodel.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QStyleOptionButton>
-#include <QVBoxLayout>
 #include <QtTest>
 
 using namespace ParameterCollection;
 
 namespace {
-
-// A feature's row in a real feature tree model, and what the delegate does when an editor
-// commits: hand editorData() to the model's setData for the value column.
-class FeatureRow {
-public:
-    FeatureRow(const QSharedPointer<IParameterCollection>& collection, const QString& feature)
-        : m_collection(collection)
-    {
-        m_model.addParameterCollection(collection, QStringLiteral("Camera"),
-                                       QStringLiteral("@CameraDevice"), false);
-        m_index =
-            m_model.findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr, 1);
-        m_parameter = collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
-    }
-
-    QSharedPointer<IParameter> parameter() const { return m_parameter; }
-    AbstractItemEditor::EditorData editorData() const { return {m_parameter, m_collection}; }
-    // Every user change commits at once, as the delegate wires it.
-    void commitOnEdit(CheckBoxEditor& editor)
-    {
-        QObject::connect(&editor, &CheckBoxEditor::valueEdited, &m_model, [this, &editor] {
-            m_results << m_model.setData(m_index, editor.editorData(), Qt::EditRole);
-        });
-    }
-    const QList<bool>& commitResults() const { return m_results; }
-
-private:
-    QSharedPointer<IParameterCollection> m_collection;
-    FeatureTreeModel m_model;
-    QModelIndex m_index;
-    QSharedPointer<IParameter> m_parameter;
-    QList<bool> m_results;
-};
 
 // Where a click toggles the box: its indicator, wherever the layout stretched the widget.
 QPoint clickPoint(QCheckBox* box)
@@ -63,25 +27,12 @@ bool boolValue(const QSharedPointer<IParameter>& parameter)
 
 } // namespace
 
-class tst_CheckBoxEditor : public QObject {
+class tst_CheckBoxEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
-private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_tree;
-    QSharedPointer<Backend::DeviceParameterCollection> m_states;
-
 private Q_SLOTS:
-    void init()
-    {
-        m_tree = openTestDescription(QStringLiteral("tree"));
-        m_states = openTestDescription(QStringLiteral("editorstates"));
-    }
-
-    void cleanup()
-    {
-        m_tree.reset();
-        m_states.reset();
-    }
+    void init() { openDescriptions(QStringLiteral("editorstates")); }
+    void cleanup() { closeDescriptions(); }
 
     void shouldShowTheBooleanValue_data()
     {
@@ -121,8 +72,7 @@ private Q_SLOTS:
         // Given a box showing BoolFeat (true)
         FeatureRow row(m_tree, QStringLiteral("BoolFeat"));
         CheckBoxEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
+        row.attach(editor);
         QSignalSpy edited(&editor, &CheckBoxEditor::valueEdited);
         QSignalSpy changed(row.parameter().data(), &IParameter::parameterDataChanged);
         editor.show();
@@ -151,8 +101,7 @@ private Q_SLOTS:
     {
         FeatureRow row(m_tree, QStringLiteral("BoolFeat"));
         CheckBoxEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
+        row.attach(editor);
 
         QTest::keyClick(&editor, Qt::Key_Space);
 
@@ -178,7 +127,7 @@ private Q_SLOTS:
 
     void shouldShowAReadOnlyBooleanInADisabledBox()
     {
-        FeatureRow row(m_states, QStringLiteral("ReadOnlyBool"));
+        FeatureRow row(m_cases, QStringLiteral("ReadOnlyBool"));
         QVERIFY(!row.parameter()->getParameterData()->writable);
         CheckBoxEditor editor;
 
@@ -191,10 +140,9 @@ private Q_SLOTS:
     void shouldNotToggleAReadOnlyBooleanByClicksOrKeys()
     {
         // Given a read-only boolean (true) in its box
-        FeatureRow row(m_states, QStringLiteral("ReadOnlyBool"));
+        FeatureRow row(m_cases, QStringLiteral("ReadOnlyBool"));
         CheckBoxEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
+        row.attach(editor);
         QSignalSpy edited(&editor, &CheckBoxEditor::valueEdited);
         QSignalSpy toggled(&editor, &QAbstractButton::toggled);
         editor.show();
@@ -209,31 +157,24 @@ private Q_SLOTS:
         QCOMPARE(toggled.count(), 0);
         QCOMPARE(edited.count(), 0);
         QCOMPARE(row.commitResults(), QList<bool>());
-        m_states->waitForDevice();
+        m_cases->waitForDevice();
         QVERIFY(boolValue(row.parameter()));
     }
 
     void shouldFollowTheWritableFlagWhenTheBooleanIsLockedAndUnlocked()
     {
-        FeatureRow row(m_states, QStringLiteral("LockableBool"));
-        const auto lock = m_states->getParameter(QStringLiteral("@CameraDevice/Lock"));
+        FeatureRow row(m_cases, QStringLiteral("LockableBool"));
         CheckBoxEditor editor;
         editor.setEditorData(row.editorData());
         QVERIFY(editor.isEnabled());
 
-        lock->setValue(QVariant(1));
-        m_states->waitForDevice();
-        row.parameter()->getAdvancedParameterAccess()->refreshParameterData();
-        m_states->waitForDevice();
+        setAndRefresh(QStringLiteral("Lock"), QVariant(1), row.parameter());
         QVERIFY(row.parameter()->getParameterData()->locked);
         editor.setEditorData(row.editorData());
         QVERIFY(!editor.isEnabled());
         QVERIFY(editor.isChecked());
 
-        lock->setValue(QVariant(0));
-        m_states->waitForDevice();
-        row.parameter()->getAdvancedParameterAccess()->refreshParameterData();
-        m_states->waitForDevice();
+        setAndRefresh(QStringLiteral("Lock"), QVariant(0), row.parameter());
         editor.setEditorData(row.editorData());
         QVERIFY(editor.isEnabled());
     }
@@ -241,19 +182,12 @@ private Q_SLOTS:
     void shouldNeverTakeTheFocus()
     {
         // Given a window whose line edit has the focus
-        QWidget window;
-        auto* other = new QLineEdit(&window);
-        auto* editor = new CheckBoxEditor(&window);
-        auto* layout = new QVBoxLayout(&window);
-        layout->addWidget(other);
-        layout->addWidget(editor);
+        FocusElsewhere<CheckBoxEditor> window;
+        CheckBoxEditor* editor = window.editor;
+        QLineEdit* other = window.other;
         FeatureRow row(m_tree, QStringLiteral("BoolFeat"));
         editor->setEditorData(row.editorData());
-        window.show();
-        QApplication::setActiveWindow(&window);
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        other->setFocus();
-        QTRY_VERIFY(other->hasFocus());
+        QVERIFY(window.show());
 
         // When the box is clicked and the user tabs through the window
         QTest::mouseClick(editor, Qt::LeftButton, Qt::NoModifier, clickPoint(editor));
@@ -271,25 +205,21 @@ private Q_SLOTS:
         FeatureRow row(m_tree, QStringLiteral("IntPlain"));
         CheckBoxEditor editor;
         editor.setChecked(true);
-        MessageCapture log;
-
-        editor.setEditorData(row.editorData());
+        const QStringList log = logOfLoading(editor, row.editorData());
 
         QVERIFY(editor.isChecked());
-        QCOMPARE(log.lines(), QStringList());
+        QCOMPARE(log, QStringList());
     }
 
     void shouldKeepItsStateWithoutThrowingWhenTheDeviceIsGone()
     {
-        auto collection = openTestDescription(QStringLiteral("editorstates"));
-        const AbstractItemEditor::EditorData data{
-            collection->getParameter(QStringLiteral("@CameraDevice/ReadOnlyBool")), {}};
+        const AbstractItemEditor::EditorData data{parameter(QStringLiteral("ReadOnlyBool")), {}};
         CheckBoxEditor editor;
         editor.setEditorData(data);
         QVERIFY(editor.isChecked());
         QVERIFY(!editor.isEnabled());
 
-        collection.reset(); // the device closes; its parameters now throw
+        m_cases.reset(); // the device closes; its parameters now throw
         editor.setEditorData(data);
         editor.setEditorData(AbstractItemEditor::EditorData{});
 

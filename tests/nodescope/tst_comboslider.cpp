@@ -1,70 +1,17 @@
+#include "editortestsupport.h"
+
 #include "internal/legacy/comboslider.h"
 #include "internal/legacy/vantoqtspinbox.h"
 
-#include <QApplication>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QStandardItemModel>
-#include <QStyleOptionSlider>
 #include <QStyledItemDelegate>
-#include <QTableView>
-#include <QWheelEvent>
 #include <QtTest>
 
-// The hint of closeEditor, for QSignalSpy.
-Q_DECLARE_METATYPE(QAbstractItemDelegate::EndEditHint)
-
 namespace {
-
-QList<int> intsOf(const QSignalSpy& spy)
-{
-    QList<int> values;
-    for (const QList<QVariant>& arguments : spy) {
-        values << arguments.at(0).toInt();
-    }
-    return values;
-}
-
-void wheel(QWidget* widget, int angle)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, angle),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(widget, &event);
-}
-
-QRect handleRect(QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.orientation = slider->orientation();
-    option.minimum = slider->minimum();
-    option.maximum = slider->maximum();
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.singleStep = slider->singleStep();
-    option.pageStep = slider->pageStep();
-    option.upsideDown = slider->invertedAppearance();
-    return slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
-                                           slider);
-}
-
-// Drags the slider's handle to the right in steps of `dx` pixels, `moves` times.
-void dragRight(QSlider* slider, int dx, int moves)
-{
-    QPoint pos = handleRect(slider).center();
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, pos);
-    QVERIFY(slider->isSliderDown());
-    for (int i = 0; i < moves; ++i) {
-        pos.rx() += dx;
-        QMouseEvent move(QEvent::MouseMove, pos, slider->mapToGlobal(pos), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(slider, &move);
-    }
-    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, pos);
-}
 
 // A view's own editor handling around a ComboSlider: Escape reverts and closes, Enter commits
 // and closes, unless the editor keeps the keys to itself.
@@ -90,8 +37,6 @@ class tst_ComboSlider : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { qRegisterMetaType<QAbstractItemDelegate::EndEditHint>(); }
-
     void shouldLayOutASliderAndASpinBoxSideBySide()
     {
         ComboSlider combo;
@@ -305,7 +250,7 @@ private Q_SLOTS:
         QSignalSpy values(&combo, &ComboSlider::valueChanged);
 
         // When the handle is dragged across the whole groove in small moves
-        dragRight(combo.slider(), 7, 100);
+        QVERIFY(dragHandle(combo.slider(), 7, 100));
 
         // Then every announced value is new, on the grid and in order, and the last one stays
         const QList<int> seen = intsOf(values);
@@ -328,8 +273,7 @@ private Q_SLOTS:
         combo.setValue(53);
         QSignalSpy values(&combo, &ComboSlider::valueChanged);
 
-        QTest::keyClick(combo.spinBox(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(combo.spinBox(), "14");
+        selectAllAndType(combo.spinBox(), "14");
         QCOMPARE(values.count(), 0); // typing alone commits nothing
         QTest::keyClick(combo.spinBox(), Qt::Key_Enter);
 
@@ -346,8 +290,7 @@ private Q_SLOTS:
         combo.setValue(13);
         QSignalSpy values(&combo, &ComboSlider::valueChanged);
 
-        QTest::keyClick(combo.spinBox(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(combo.spinBox(), "16");
+        selectAllAndType(combo.spinBox(), "16");
         QTest::keyClick(combo.spinBox(), Qt::Key_Enter);
 
         QCOMPARE(combo.spinBox()->value(), 13);
@@ -377,8 +320,8 @@ private Q_SLOTS:
         combo.setValue(50);
         QSignalSpy values(&combo, &ComboSlider::valueChanged);
 
-        wheel(combo.spinBox(), 120);
-        wheel(combo.slider(), 120);
+        turnWheel(combo.spinBox(), 120);
+        turnWheel(combo.slider(), 120);
 
         QCOMPARE(values.count(), 2);
         QCOMPARE(values.at(0).at(0).toInt(), 60);
@@ -405,44 +348,35 @@ private Q_SLOTS:
     void shouldKeepTheEditorOpenOnEscapeAndEnterInAView()
     {
         // Given a view editing a cell with a ComboSlider
-        QStandardItemModel model(1, 1);
-        QTableView view;
-        auto* delegate = new ComboSliderDelegate(&view);
-        view.setItemDelegate(delegate);
-        view.setModel(&model);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        view.edit(model.index(0, 0));
-        QVERIFY(delegate->editor);
-        QPointer<ComboSlider> editor = delegate->editor;
+        OneCellView<ComboSliderDelegate> table;
+        QVERIFY(table.edit());
+        QVERIFY(table.delegate->editor);
+        QPointer<ComboSlider> editor = table.delegate->editor;
         QSignalSpy values(editor.data(), &ComboSlider::valueChanged);
-        QSignalSpy closed(delegate, &QAbstractItemDelegate::closeEditor);
-        QVERIFY(closed.isValid());
+        QVERIFY(table.closed.isValid());
 
         // When the user types, then presses Escape
-        QTest::keyClick(editor->spinBox(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(editor->spinBox(), "77");
+        selectAllAndType(editor->spinBox(), "77");
         QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
         // The view closes editors through queued calls: let them run.
         QCoreApplication::processEvents();
 
         // Then the typed text is undone and the editor stays open
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("500"));
-        QCOMPARE(closed.count(), 0);
-        QCOMPARE(view.indexWidget(model.index(0, 0)), editor.data());
+        QCOMPARE(table.closed.count(), 0);
+        QCOMPARE(table.editor(), editor.data());
 
         // When the user types and presses Enter
-        QTest::keyClick(editor->spinBox(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(editor->spinBox(), "600");
+        selectAllAndType(editor->spinBox(), "600");
         QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
         // The view closes editors through queued calls: let them run.
         QCoreApplication::processEvents();
 
         // Then the value is announced once and the editor is still open
         QCOMPARE(intsOf(values), QList<int>{600});
-        QCOMPARE(closed.count(), 0);
+        QCOMPARE(table.closed.count(), 0);
         QVERIFY(editor);
-        QCOMPARE(view.indexWidget(model.index(0, 0)), editor.data());
+        QCOMPARE(table.editor(), editor.data());
     }
 };
 

@@ -1,73 +1,26 @@
+#include "editortestsupport.h"
+
 #include "internal/legacy/doublecomboslider.h"
 #include "internal/legacy/doublespinbox.h"
 
-#include <QApplication>
 #include <QFontMetrics>
 #include <QLocale>
-#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QStyle>
-#include <QStyleOptionSlider>
-#include <QWheelEvent>
 #include <QtTest>
-
-namespace {
-
-bool giveFocus(QWidget* widget)
-{
-    widget->window()->show();
-    QApplication::setActiveWindow(widget->window());
-    widget->setFocus(Qt::OtherFocusReason);
-    return QTest::qWaitFor([widget] { return widget->hasFocus(); });
-}
-
-bool turnWheel(QWidget* widget, int delta)
-{
-    const QPoint center = widget->rect().center();
-    QWheelEvent event(QPointF(center), QPointF(widget->mapToGlobal(center)), QPoint(),
-                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    event.setAccepted(false);
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
-QPoint handleCenter(QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.orientation = slider->orientation();
-    option.minimum = slider->minimum();
-    option.maximum = slider->maximum();
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.singleStep = slider->singleStep();
-    option.pageStep = slider->pageStep();
-    option.upsideDown = slider->invertedAppearance();
-    return slider->style()
-        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
-        .center();
-}
-
-void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& pos, Qt::MouseButtons buttons)
-{
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, QPointF(pos), QPointF(widget->mapToGlobal(pos)), button, buttons,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void typeAndEnter(QAbstractSpinBox* box, const QString& text)
-{
-    box->selectAll();
-    QTest::keyClicks(box, text);
-    QTest::keyClick(box, Qt::Key_Enter);
-}
-
-} // namespace
 
 class tst_DoubleComboSlider : public QObject {
     Q_OBJECT
+
+private:
+    // Most tests start from a combo on 0..100 with increment 0.5 at 10, wide enough to drag.
+    static void showAtTen(DoubleComboSlider& combo)
+    {
+        combo.resize(400, 30);
+        combo.setRangeAndStep(0.0, 100.0, 0.5);
+        combo.setValue(10.0);
+        combo.show();
+    }
 
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
@@ -124,21 +77,13 @@ private Q_SLOTS:
     {
         // Given a combo on 0..100 with increment 0.5 at 10
         DoubleComboSlider combo;
-        combo.resize(400, 30);
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
-        combo.setValue(10.0);
-        combo.show();
+        showAtTen(combo);
         QVERIFY(QTest::qWaitForWindowExposed(&combo));
         QSlider* slider = combo.slider();
         QSignalSpy changed(&combo, &DoubleComboSlider::valueChanged);
 
         // When the handle is dragged to the right
-        const QPoint start = handleCenter(slider);
-        sendMouse(slider, QEvent::MouseButtonPress, start, Qt::LeftButton);
-        QVERIFY(slider->isSliderDown());
-        sendMouse(slider, QEvent::MouseMove, start + QPoint(30, 0), Qt::LeftButton);
-        sendMouse(slider, QEvent::MouseMove, start + QPoint(60, 0), Qt::LeftButton);
-        sendMouse(slider, QEvent::MouseButtonRelease, start + QPoint(60, 0), Qt::NoButton);
+        QVERIFY(dragHandle(slider, 30, 2));
 
         // Then every new value was announced as it came, and both parts show the last one
         QCOMPARE(changed.count(), 2);
@@ -151,9 +96,7 @@ private Q_SLOTS:
     void shouldCommitATypedValueAndMoveTheSlider()
     {
         DoubleComboSlider combo;
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
-        combo.setValue(10.0);
-        combo.show();
+        showAtTen(combo);
         QSignalSpy changed(&combo, &DoubleComboSlider::valueChanged);
 
         typeAndEnter(combo.spinBox(), QStringLiteral("42"));
@@ -180,9 +123,7 @@ private Q_SLOTS:
         QFETCH(int, key);
         QFETCH(double, expected);
         DoubleComboSlider combo;
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
-        combo.setValue(10.0);
-        combo.show();
+        showAtTen(combo);
         QSignalSpy changed(&combo, &DoubleComboSlider::valueChanged);
         QWidget* target = onSlider ? static_cast<QWidget*>(combo.slider()) : combo.spinBox();
 
@@ -197,10 +138,8 @@ private Q_SLOTS:
     void shouldPageByThePageStepOnTheSlider()
     {
         DoubleComboSlider combo;
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
+        showAtTen(combo);
         combo.setPageStep(5.0);
-        combo.setValue(10.0);
-        combo.show();
 
         QTest::keyClick(combo.slider(), Qt::Key_PageUp);
 
@@ -286,9 +225,7 @@ private Q_SLOTS:
     void shouldLetTheViewScrollWhenTheWheelTurnsOverAnUnfocusedSlider()
     {
         DoubleComboSlider combo;
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
-        combo.setValue(10.0);
-        combo.show();
+        showAtTen(combo);
         QSignalSpy changed(&combo, &DoubleComboSlider::valueChanged);
 
         QVERIFY(!turnWheel(combo.slider(), 120));
@@ -300,8 +237,7 @@ private Q_SLOTS:
     void shouldStepOneIncrementPerWheelNotchOnAFocusedSlider()
     {
         DoubleComboSlider combo;
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
-        combo.setValue(10.0);
+        showAtTen(combo);
         QVERIFY(giveFocus(combo.slider()));
         QSignalSpy changed(&combo, &DoubleComboSlider::valueChanged);
 
@@ -316,13 +252,10 @@ private Q_SLOTS:
     void shouldKeepTheHandleUnderTheMouseWhileTheProgramSetsAValue()
     {
         DoubleComboSlider combo;
-        combo.resize(400, 30);
-        combo.setRangeAndStep(0.0, 100.0, 0.5);
-        combo.setValue(10.0);
-        combo.show();
+        showAtTen(combo);
         QVERIFY(QTest::qWaitForWindowExposed(&combo));
         QSlider* slider = combo.slider();
-        const QPoint start = handleCenter(slider);
+        const QPoint start = sliderHandleRect(slider).center();
         sendMouse(slider, QEvent::MouseButtonPress, start, Qt::LeftButton);
         const int held = slider->value();
 

@@ -1,42 +1,13 @@
+#include "editortestsupport.h"
+
 #include "internal/legacy/doublespinbox.h"
 
-#include <QApplication>
 #include <QLocale>
 #include <QSignalSpy>
-#include <QWheelEvent>
 #include <QtTest>
 
 #include <cmath>
 #include <limits>
-
-namespace {
-
-bool giveFocus(QWidget* widget)
-{
-    widget->window()->show();
-    QApplication::setActiveWindow(widget->window());
-    widget->setFocus(Qt::OtherFocusReason);
-    return QTest::qWaitFor([widget] { return widget->hasFocus(); });
-}
-
-bool turnWheel(QWidget* widget, int delta)
-{
-    const QPoint center = widget->rect().center();
-    QWheelEvent event(QPointF(center), QPointF(widget->mapToGlobal(center)), QPoint(),
-                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    event.setAccepted(false);
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
-void typeAndEnter(QAbstractSpinBox* box, const QString& text)
-{
-    box->selectAll();
-    QTest::keyClicks(box, text);
-    QTest::keyClick(box, Qt::Key_Enter);
-}
-
-} // namespace
 
 class tst_DoubleSpinBox : public QObject {
     Q_OBJECT

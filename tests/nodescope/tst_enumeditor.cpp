@@ -1,94 +1,57 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/enumeditor.h"
-#include "internal/legacy/featuretreemodel.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QVBoxLayout>
-#include <QWheelEvent>
 #include <QtTest>
 
 using namespace ParameterCollection;
 
 namespace {
 
-// A feature's row in a real feature tree model, and what the delegate does when an editor
-// commits: hand editorData() to the model's setData for the value column.
-class FeatureRow {
-public:
-    FeatureRow(const QSharedPointer<IParameterCollection>& collection, const QString& feature)
-        : m_collection(collection)
-    {
-        m_model.addParameterCollection(collection, QStringLiteral("Camera"),
-                                       QStringLiteral("@CameraDevice"), false);
-        m_index =
-            m_model.findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr, 1);
-        m_parameter = collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
+// The entries the box lists: shown texts, or symbolic names in Qt::UserRole.
+QStringList itemsOf(const QComboBox& box, int role)
+{
+    QStringList items;
+    for (int i = 0; i < box.count(); ++i) {
+        items << box.itemData(i, role).toString();
     }
-
-    QSharedPointer<IParameter> parameter() const { return m_parameter; }
-    AbstractItemEditor::EditorData editorData() const { return {m_parameter, m_collection}; }
-    bool commit(AbstractItemEditor& editor)
-    {
-        return m_model.setData(m_index, editor.editorData(), Qt::EditRole);
-    }
-    // Every user change commits at once, as the delegate wires it.
-    void commitOnEdit(EnumEditor& editor)
-    {
-        QObject::connect(&editor, &EnumEditor::valueEdited, &m_model,
-                         [this, &editor] { m_results << commit(editor); });
-    }
-    const QList<bool>& commitResults() const { return m_results; }
-    bool isValid() const { return m_index.isValid() && m_parameter; }
-
-private:
-    QSharedPointer<IParameterCollection> m_collection;
-    FeatureTreeModel m_model;
-    QModelIndex m_index;
-    QSharedPointer<IParameter> m_parameter;
-    QList<bool> m_results;
-};
+    return items;
+}
 
 QStringList itemTexts(const QComboBox& box)
 {
-    QStringList texts;
-    for (int i = 0; i < box.count(); ++i) {
-        texts << box.itemText(i);
-    }
-    return texts;
+    return itemsOf(box, Qt::DisplayRole);
 }
 
 QStringList itemNames(const QComboBox& box)
 {
-    QStringList names;
-    for (int i = 0; i < box.count(); ++i) {
-        names << box.itemData(i, Qt::UserRole).toString();
-    }
-    return names;
+    return itemsOf(box, Qt::UserRole);
 }
 
-// The entries as the parameter data lists them, display name and symbolic name.
-QStringList dataTexts(const QSharedPointer<IParameter>& parameter)
+// The entries as the parameter data lists them, display name or symbolic name.
+QStringList entriesOf(const QSharedPointer<IParameter>& parameter,
+                      QString EnumParameterData::Entry::*field)
 {
-    QStringList texts;
+    QStringList entries;
     const auto data = parameter->getParameterData().staticCast<const EnumParameterData>();
     for (const auto& entry : data->entries) {
-        texts << entry.displayName;
+        entries << entry.*field;
     }
-    return texts;
+    return entries;
+}
+
+QStringList dataTexts(const QSharedPointer<IParameter>& parameter)
+{
+    return entriesOf(parameter, &EnumParameterData::Entry::displayName);
 }
 
 QStringList dataNames(const QSharedPointer<IParameter>& parameter)
 {
-    QStringList names;
-    const auto data = parameter->getParameterData().staticCast<const EnumParameterData>();
-    for (const auto& entry : data->entries) {
-        names << entry.name;
-    }
-    return names;
+    return entriesOf(parameter, &EnumParameterData::Entry::name);
 }
 
 // Arrow keys from one row of a list to another.
@@ -99,40 +62,30 @@ void arrowTo(QWidget* target, int from, int to)
     }
 }
 
-void sendWheel(QWidget* widget, int angle)
-{
-    const QPointF at(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent wheel(at, widget->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, angle),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(widget, &wheel);
-}
-
 } // namespace
 
-class tst_EnumEditor : public QObject {
+class tst_EnumEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
 private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_tree;
-    QSharedPointer<Backend::DeviceParameterCollection> m_states;
-
     static QString value(const QSharedPointer<IParameter>& parameter)
     {
         return parameter->getParameterData()->value.toString();
     }
+    // Shows the box and opens its popup; false unless the list shows.
+    static bool showWithOpenPopup(EnumEditor& editor)
+    {
+        editor.show();
+        if (!QTest::qWaitForWindowExposed(&editor)) {
+            return false;
+        }
+        editor.showPopup();
+        return QTest::qWaitFor([&editor] { return editor.view()->isVisible(); });
+    }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_tree = openTestDescription(QStringLiteral("tree"));
-        m_states = openTestDescription(QStringLiteral("editorstates"));
-    }
-
-    void cleanup()
-    {
-        m_tree.reset();
-        m_states.reset();
-    }
+    void init() { openDescriptions(QStringLiteral("editorstates")); }
+    void cleanup() { closeDescriptions(); }
 
     void shouldBeANonEditableComboBoxWithTheMarginStyleSheet()
     {
@@ -192,7 +145,7 @@ private Q_SLOTS:
         QFETCH(QString, feature);
         QFETCH(QString, currentValue);
         QFETCH(QStringList, offered);
-        FeatureRow row(m_states, feature);
+        FeatureRow row(m_cases, feature);
         QCOMPARE(value(row.parameter()), currentValue);
         EnumEditor editor;
         MessageCapture log;
@@ -216,14 +169,14 @@ private Q_SLOTS:
     void shouldNeverWriteAValueTheUserDidNotChoose()
     {
         // Given an enumeration whose value matches no entry
-        FeatureRow row(m_states, QStringLiteral("OrphanMode"));
+        FeatureRow row(m_cases, QStringLiteral("OrphanMode"));
         EnumEditor editor;
         editor.setEditorData(row.editorData());
         QSignalSpy changed(row.parameter().data(), &IParameter::parameterDataChanged);
 
         // When the view commits the editor without the user having picked anything
         const bool written = row.commit(editor);
-        m_states->waitForDevice();
+        m_cases->waitForDevice();
 
         // Then the model refuses and the device keeps its value
         QVERIFY(!written);
@@ -235,8 +188,7 @@ private Q_SLOTS:
     {
         FeatureRow row(m_tree, QStringLiteral("EnumFeat"));
         EnumEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
+        row.attach(editor);
         QSignalSpy edited(&editor, &EnumEditor::valueEdited);
         editor.show();
         QVERIFY(QTest::qWaitForWindowExposed(&editor));
@@ -259,20 +211,15 @@ private Q_SLOTS:
 
     void shouldWriteAnEntryPickedWhenTheValueMatchedNoEntry()
     {
-        FeatureRow row(m_states, QStringLiteral("OrphanMode"));
+        FeatureRow row(m_cases, QStringLiteral("OrphanMode"));
         EnumEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
-        editor.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&editor));
-
-        editor.showPopup();
-        QTRY_VERIFY(editor.view()->isVisible());
+        row.attach(editor);
+        QVERIFY(showWithOpenPopup(editor));
         arrowTo(editor.view(), 0, editor.findText(QStringLiteral("High Gain")));
         QTest::keyClick(editor.view(), Qt::Key_Return);
 
         QCOMPARE(row.commitResults(), QList<bool>{true});
-        m_states->waitForDevice();
+        m_cases->waitForDevice();
         QCOMPARE(value(row.parameter()), QStringLiteral("High"));
         QCOMPARE(
             row.parameter()->getParameterData().staticCast<const EnumParameterData>()->intValue, 2);
@@ -282,8 +229,7 @@ private Q_SLOTS:
     {
         FeatureRow row(m_tree, QStringLiteral("EnumFeat"));
         EnumEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
+        row.attach(editor);
 
         arrowTo(&editor, editor.currentIndex(), editor.findText(QStringLiteral("Switched Off")));
 
@@ -312,13 +258,8 @@ private Q_SLOTS:
     {
         FeatureRow row(m_tree, QStringLiteral("EnumFeat"));
         EnumEditor editor;
-        editor.setEditorData(row.editorData());
-        row.commitOnEdit(editor);
-        editor.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&editor));
-
-        editor.showPopup();
-        QTRY_VERIFY(editor.view()->isVisible());
+        row.attach(editor);
+        QVERIFY(showWithOpenPopup(editor));
         arrowTo(editor.view(), editor.currentIndex(),
                 editor.findText(QStringLiteral("Switched Off")));
         QTest::keyClick(editor.view(), Qt::Key_Escape);
@@ -367,10 +308,7 @@ private Q_SLOTS:
         FeatureRow row(m_tree, QStringLiteral("EnumFeat"));
         EnumEditor editor;
         editor.setEditorData(row.editorData());
-        editor.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&editor));
-        editor.showPopup();
-        QTRY_VERIFY(editor.view()->isVisible());
+        QVERIFY(showWithOpenPopup(editor));
 
         // When the device's value changes and the view reloads the editor
         row.parameter()->setValue(QStringLiteral("Off"));
@@ -403,7 +341,7 @@ private Q_SLOTS:
 
     void shouldShowAReadOnlyEnumerationDisabled()
     {
-        FeatureRow row(m_states, QStringLiteral("FixedMode"));
+        FeatureRow row(m_cases, QStringLiteral("FixedMode"));
         EnumEditor editor;
         QSignalSpy edited(&editor, &EnumEditor::valueEdited);
 
@@ -419,16 +357,12 @@ private Q_SLOTS:
 
     void shouldOfferAnEntryOnceItBecomesAvailable()
     {
-        FeatureRow row(m_states, QStringLiteral("TriggerMode"));
+        FeatureRow row(m_cases, QStringLiteral("TriggerMode"));
         EnumEditor editor;
         editor.setEditorData(row.editorData());
         QCOMPARE(editor.currentIndex(), -1);
 
-        m_states->getParameter(QStringLiteral("@CameraDevice/TriggerAvailable"))
-            ->setValue(QVariant(1));
-        m_states->waitForDevice();
-        row.parameter()->getAdvancedParameterAccess()->refreshParameterData();
-        m_states->waitForDevice();
+        setAndRefresh(QStringLiteral("TriggerAvailable"), QVariant(1), row.parameter());
         editor.setEditorData(row.editorData());
 
         QCOMPARE(itemTexts(editor), dataTexts(row.parameter()));
@@ -439,24 +373,16 @@ private Q_SLOTS:
     void shouldIgnoreTheWheelOverAnUnfocusedBox()
     {
         // Given a box in a window whose focus is elsewhere
-        QWidget window;
-        auto* other = new QLineEdit(&window);
-        auto* editor = new EnumEditor(&window);
-        auto* layout = new QVBoxLayout(&window);
-        layout->addWidget(other);
-        layout->addWidget(editor);
+        FocusElsewhere<EnumEditor> window;
+        EnumEditor* editor = window.editor;
+        QLineEdit* other = window.other;
         FeatureRow row(m_tree, QStringLiteral("EnumFeat"));
-        editor->setEditorData(row.editorData());
-        row.commitOnEdit(*editor);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        other->setFocus();
-        QTRY_VERIFY(other->hasFocus());
+        row.attach(*editor);
+        QVERIFY(window.show());
 
         // When the wheel turns over it, the entry stays and nothing is written
-        sendWheel(editor, 120);
-        sendWheel(editor, -120);
+        turnWheel(editor, 120);
+        turnWheel(editor, -120);
         QCOMPARE(editor->currentText(), QStringLiteral("Switched On"));
         QCOMPARE(row.commitResults(), QList<bool>());
         QVERIFY(other->hasFocus());
@@ -464,7 +390,7 @@ private Q_SLOTS:
         // Once the user has clicked into the box, the wheel picks entries (up is the previous one)
         editor->setFocus();
         QTRY_VERIFY(editor->hasFocus());
-        sendWheel(editor, editor->findText(QStringLiteral("Switched Off")) < editor->currentIndex()
+        turnWheel(editor, editor->findText(QStringLiteral("Switched Off")) < editor->currentIndex()
                               ? 120
                               : -120);
         QCOMPARE(editor->currentText(), QStringLiteral("Switched Off"));
@@ -473,15 +399,13 @@ private Q_SLOTS:
 
     void shouldStayEmptyWithoutThrowingWhenTheDeviceIsGone()
     {
-        auto collection = openTestDescription(QStringLiteral("tree"));
-        const AbstractItemEditor::EditorData data{
-            collection->getParameter(QStringLiteral("@CameraDevice/EnumFeat")), {}};
+        const AbstractItemEditor::EditorData data{tree(QStringLiteral("EnumFeat")), {}};
         EnumEditor editor;
         editor.setEditorData(data);
         QCOMPARE(editor.count(), 2);
         MessageCapture log;
 
-        collection.reset(); // the device closes; its parameters now throw
+        m_tree.reset(); // the device closes; its parameters now throw
         editor.setEditorData(data);
 
         QCOMPARE(editor.count(), 0);

@@ -1,4 +1,4 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/checkboxeditor.h"
 #include "internal/legacy/enumeditor.h"
@@ -31,11 +31,10 @@
 using namespace ParameterCollection;
 
 // The delegate on a real tree: a view over the proxy over the model of a simulated camera.
-class tst_FeatureTreeDelegate : public QObject {
+class tst_FeatureTreeDelegate : public QObject, private EditorFixture {
     Q_OBJECT
 
 private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_collection;
     std::unique_ptr<FeatureTreeModel> m_model;
     std::unique_ptr<FeatureTreeProxyModel> m_proxy;
     std::unique_ptr<FeatureTreeHighlighter> m_highlighter;
@@ -44,19 +43,14 @@ private:
 
     QModelIndex index(const QString& feature, int column = 1) const
     {
-        return m_proxy->findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr,
-                                           column);
-    }
-    QSharedPointer<IParameter> parameter(const QString& feature) const
-    {
-        return m_collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
+        return m_proxy->findItemByFullName(fullFeatureName(feature), nullptr, column);
     }
     // The feature's value once the view has done what is queued and the device has answered.
     QVariant value(const QString& feature) const
     {
         QCoreApplication::processEvents();
-        m_collection->waitForDevice();
-        return parameter(feature)->getParameterData()->value;
+        m_tree->waitForDevice();
+        return tree(feature)->getParameterData()->value;
     }
     template <class Editor> Editor* openPersistent(const QString& feature)
     {
@@ -75,7 +69,7 @@ private:
     int writeCount()
     {
         int count = 0;
-        m_collection->runOnDeviceThread([&count](Backend::DeviceWorker& worker) {
+        m_tree->runOnDeviceThread([&count](Backend::DeviceWorker& worker) {
             count = worker.simulatedDevice(0)->writeCount();
         });
         return count;
@@ -84,12 +78,12 @@ private:
 private Q_SLOTS:
     void init()
     {
-        m_collection = openTestDescription(QStringLiteral("tree"));
+        openTree();
         m_model = std::make_unique<FeatureTreeModel>();
         m_proxy = std::make_unique<FeatureTreeProxyModel>();
         m_highlighter = std::make_unique<FeatureTreeHighlighter>();
         m_proxy->setSourceModel(m_model.get());
-        m_proxy->addParameterCollection(m_collection, QStringLiteral("Camera"),
+        m_proxy->addParameterCollection(m_tree, QStringLiteral("Camera"),
                                         QStringLiteral("@CameraDevice"), false);
         m_proxy->setShowUnavailableParameters(true);
         m_view = std::make_unique<QTreeView>();
@@ -109,7 +103,7 @@ private Q_SLOTS:
         m_view.reset();
         m_proxy.reset();
         m_model.reset();
-        m_collection.reset();
+        closeDescriptions();
     }
 
     void shouldChooseTheEditorForEachKindOfFeature_data()
@@ -296,7 +290,7 @@ private Q_SLOTS:
         quint64 address = 0;
         quint32 length = 0;
         qint64 written = -1;
-        m_collection->runOnDeviceThread([&](Backend::DeviceWorker& worker) {
+        m_tree->runOnDeviceThread([&](Backend::DeviceWorker& worker) {
             worker.simulatedDevice(0)->registerOf("CmdFeatReg", &address, &length);
             written = worker.simulatedDevice(0)->peekInt(address, length);
         });
@@ -305,9 +299,9 @@ private Q_SLOTS:
         QVERIFY(editor);
         // When the user presses the button
         QTest::mouseClick(editor, Qt::LeftButton, {}, editor->rect().center());
-        m_collection->waitForDevice();
+        m_tree->waitForDevice();
         // Then the command value reached the camera
-        m_collection->runOnDeviceThread([&](Backend::DeviceWorker& worker) {
+        m_tree->runOnDeviceThread([&](Backend::DeviceWorker& worker) {
             written = worker.simulatedDevice(0)->peekInt(address, length);
         });
         QCOMPARE(written, 1);
@@ -336,7 +330,7 @@ private Q_SLOTS:
         QTest::keyClicks(editor, QStringLiteral("typing"));
         // When the value changes in the camera and the tree refreshes
         QSignalSpy changed(m_proxy.get(), &QAbstractItemModel::dataChanged);
-        parameter(QStringLiteral("StrFeat"))->setValue(QStringLiteral("other"));
+        tree(QStringLiteral("StrFeat"))->setValue(QStringLiteral("other"));
         QTRY_VERIFY(!changed.isEmpty());
         m_delegate->setEditorData(editor, index(QStringLiteral("StrFeat")));
         // Then the text being typed stays
@@ -357,10 +351,10 @@ private Q_SLOTS:
         QVERIFY(editor);
         auto* spinBox = editor->findChild<QSpinBox*>();
         const int writes = writeCount();
-        parameter(QStringLiteral("IntLinear"))->setValue(250);
+        tree(QStringLiteral("IntLinear"))->setValue(250);
         QTRY_COMPARE(spinBox->value(), 250);
         // Showing the camera's value is not an edit: nothing is written back
-        m_collection->waitForDevice();
+        m_tree->waitForDevice();
         QCOMPARE(writeCount(), writes + 1);
     }
 

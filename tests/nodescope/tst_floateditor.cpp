@@ -1,110 +1,35 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/doublespinbox.h"
 #include "internal/legacy/floateditor.h"
 
-#include <QApplication>
 #include <QLocale>
 #include <QSignalSpy>
-#include <QWheelEvent>
 #include <QtTest>
 
 using namespace ParameterCollection;
 
-namespace {
-
-const QString kPrefix = QStringLiteral("@CameraDevice/");
-
-bool giveFocus(QWidget* widget)
-{
-    widget->window()->show();
-    QApplication::setActiveWindow(widget->window());
-    widget->setFocus(Qt::OtherFocusReason);
-    return QTest::qWaitFor([widget] { return widget->hasFocus(); });
-}
-
-bool turnWheel(QWidget* widget, int delta)
-{
-    const QPoint center = widget->rect().center();
-    QWheelEvent event(QPointF(center), QPointF(widget->mapToGlobal(center)), QPoint(),
-                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    event.setAccepted(false);
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
-void typeOver(QAbstractSpinBox* box, const QString& text)
-{
-    box->selectAll();
-    QTest::keyClicks(box, text);
-}
-
-// What the delegate and the model do around an editor: every boxValueChanged is committed as
-// the model would (written unless equal to the current value), and every new parameter data
-// reloads the editor.
-void wireLikeTheDelegate(FloatEditor* editor, const AbstractItemEditor::EditorData& data)
-{
-    const QSharedPointer<IParameter> parameter = data.parameter;
-    QObject::connect(editor, &FloatEditor::boxValueChanged, editor, [editor, parameter] {
-        const QVariant value = editor->editorData();
-        if (!value.isValid() || parameter->getParameterData()->value == value) {
-            return;
-        }
-        try {
-            parameter->setValue(value);
-        } catch (const std::exception& e) {
-            QFAIL(e.what());
-        }
-    });
-    QObject::connect(parameter.data(), &IParameter::parameterDataChanged, editor,
-                     [editor, data] { editor->setEditorData(data); });
-}
-
-} // namespace
-
-class tst_FloatEditor : public QObject {
+class tst_FloatEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
 private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_collection;
-    std::unique_ptr<QWidget> m_window;
-
-    QSharedPointer<IParameter> parameter(const QString& feature) const
-    {
-        return m_collection->getParameter(kPrefix + feature);
-    }
-    QVariant deviceValue(const QString& feature) const
-    {
-        m_collection->waitForDevice();
-        return parameter(feature)->getParameterData()->value;
-    }
     // An editor for `feature` as the delegate makes it, with the alias key of that feature.
     FloatEditor* open(const QString& feature, const QString& aliasKey = QString())
     {
-        auto* editor = new FloatEditor(m_window.get(),
-                                       aliasKey.isNull() ? kPrefix + feature + "/Alias" : aliasKey);
-        const AbstractItemEditor::EditorData data{parameter(feature), m_collection};
-        editor->setEditorData(data);
-        wireLikeTheDelegate(editor, data);
+        auto* editor = new FloatEditor(
+            m_window.get(), aliasKey.isNull() ? fullFeatureName(feature) + "/Alias" : aliasKey);
         editor->resize(200, 24);
-        editor->show();
-        return editor;
+        return showLikeTheDelegate(editor, {parameter(feature), m_cases});
     }
 
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
     void init()
     {
-        m_collection = openTestDescription(QStringLiteral("floatalias"));
-        m_window = std::make_unique<QWidget>();
-        m_window->resize(300, 100);
-        m_window->show();
+        openCases(QStringLiteral("floatalias"));
+        openWindow(300);
     }
-    void cleanup()
-    {
-        m_window.reset();
-        m_collection.reset();
-    }
+    void cleanup() { closeDescriptions(); }
 
     void shouldShowTheValueWithUnitNotationAndPrecision_data()
     {
@@ -252,9 +177,9 @@ private Q_SLOTS:
 
         // When the device's value, range source and all are loaded again and again
         parameter(QStringLiteral("Plain"))->setValue(QVariant(555.5));
-        m_collection->waitForDevice();
-        editor->setEditorData({parameter(QStringLiteral("Stepped")), m_collection});
-        editor->setEditorData({parameter(QStringLiteral("Plain")), m_collection});
+        m_cases->waitForDevice();
+        editor->setEditorData({parameter(QStringLiteral("Stepped")), m_cases});
+        editor->setEditorData({parameter(QStringLiteral("Plain")), m_cases});
 
         // Then the editor shows the data and never announces a change
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("555.5 µs"));
@@ -268,8 +193,7 @@ private Q_SLOTS:
         QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
 
         // When 12.34 is typed and committed
-        typeOver(editor->spinBox(), QStringLiteral("12.34"));
-        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+        typeAndEnter(editor->spinBox(), QStringLiteral("12.34"));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(changed.at(0).at(0).toDouble(), 12.34);
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("12.34 dB"));
@@ -285,22 +209,19 @@ private Q_SLOTS:
     {
         // Given the built-in camera's exposure time in a plain float editor
         const auto camera = openSimulatedCamera();
-        const QString name = QStringLiteral("@CameraDevice/ExposureTime");
+        const QString name = fullFeatureName(QStringLiteral("ExposureTime"));
         const auto exposure = camera->collection->getParameter(name);
         QVERIFY(exposure);
-        auto* editor = new FloatEditor(m_window.get(), name + QStringLiteral("/Alias"));
-        const AbstractItemEditor::EditorData data{exposure, camera->collection};
-        editor->setEditorData(data);
-        wireLikeTheDelegate(editor, data);
-        editor->show();
+        auto* editor =
+            showLikeTheDelegate(new FloatEditor(m_window.get(), name + QStringLiteral("/Alias")),
+                                {exposure, camera->collection});
         QVERIFY(!editor->alias());
         QCOMPARE(editor->spinBox()->suffix(), QStringLiteral(" µs"));
         QCOMPARE(editor->toolTip(), QStringLiteral("Range: 20..10000000"));
         QSignalSpy answered(exposure.data(), &IParameter::parameterDataChanged);
 
         // When 1234.56 is typed and committed
-        typeOver(editor->spinBox(), QStringLiteral("1234.56"));
-        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+        typeAndEnter(editor->spinBox(), QStringLiteral("1234.56"));
 
         // Then the camera holds it and the editor shows it at the feature's precision
         QTRY_COMPARE(exposure->getParameterData()->value, QVariant(1234.56));
@@ -312,8 +233,8 @@ private Q_SLOTS:
     void shouldFollowTheAliasWhereOneExists()
     {
         // Given Offset, whose alias Offset/Alias exists
-        const QString aliasName = kPrefix + QStringLiteral("Offset/Alias");
-        QVERIFY(m_collection->getParameter(aliasName));
+        const QString aliasName = fullFeatureName(QStringLiteral("Offset/Alias"));
+        QVERIFY(parameter(QStringLiteral("Offset/Alias")));
         FloatEditor* editor = open(QStringLiteral("Offset"));
         QVERIFY(editor->alias());
         QCOMPARE(editor->alias()->getName(), aliasName);
@@ -324,8 +245,7 @@ private Q_SLOTS:
 
         // When the user types 200 and presses Enter
         QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
-        typeOver(editor->spinBox(), QStringLiteral("200"));
-        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+        typeAndEnter(editor->spinBox(), QStringLiteral("200"));
 
         // Then the alias is written, the feature is not, and the model has nothing to write
         QCOMPARE(changed.count(), 1);
@@ -341,7 +261,7 @@ private Q_SLOTS:
         QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
 
         parameter(QStringLiteral("Offset/Alias"))->setValue(QVariant(64.0));
-        m_collection->waitForDevice();
+        m_cases->waitForDevice();
 
         QTRY_COMPARE(editor->spinBox()->text(), QStringLiteral("64 LSB"));
         QCOMPARE(changed.count(), 0);
@@ -349,12 +269,12 @@ private Q_SLOTS:
 
     void shouldEditTheFeatureItselfWhereNoAliasExists()
     {
-        QVERIFY(!m_collection->getParameter(kPrefix + QStringLiteral("Plain/Alias")));
+        QVERIFY(!parameter(QStringLiteral("Plain/Alias")));
 
         FloatEditor* editor = open(QStringLiteral("Plain"));
 
         QVERIFY(!editor->alias());
-        QCOMPARE(editor->aliasKey(), kPrefix + QStringLiteral("Plain/Alias"));
+        QCOMPARE(editor->aliasKey(), fullFeatureName(QStringLiteral("Plain/Alias")));
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("100.0 µs"));
     }
 
@@ -362,7 +282,8 @@ private Q_SLOTS:
     {
         MessageCapture messages;
 
-        FloatEditor* editor = open(QStringLiteral("Plain"), kPrefix + QStringLiteral("Count"));
+        FloatEditor* editor =
+            open(QStringLiteral("Plain"), fullFeatureName(QStringLiteral("Count")));
 
         QCOMPARE(messages.lines(), QStringList{QStringLiteral(
                                        "@CameraDevice/Count is called with non-float node????")});
@@ -375,14 +296,14 @@ private Q_SLOTS:
         // Given an editor showing Plain
         FloatEditor* editor = open(QStringLiteral("Plain"));
         QSignalSpy changed(editor, &FloatEditor::boxValueChanged);
-        MessageCapture messages;
 
         // When it is given the integer Count
-        editor->setEditorData({parameter(QStringLiteral("Count")), m_collection});
+        const QStringList log =
+            logOfLoading(*editor, {parameter(QStringLiteral("Count")), m_cases});
 
         // Then that is logged and the editor stays as it was
-        QCOMPARE(messages.lines(), QStringList{QStringLiteral(
-                                       "@CameraDevice/Count is called with non-float node????")});
+        QCOMPARE(log, QStringList{
+                          QStringLiteral("@CameraDevice/Count is called with non-float node????")});
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("100.0 µs"));
         QCOMPARE(editor->editorData(), QVariant(100.0));
         QCOMPARE(changed.count(), 0);
@@ -391,11 +312,8 @@ private Q_SLOTS:
     void shouldLogAndIgnoreAMissingParameter()
     {
         FloatEditor editor(nullptr, QString());
-        MessageCapture messages;
 
-        editor.setEditorData({});
-
-        QCOMPARE(messages.lines(),
+        QCOMPARE(logOfLoading(editor, {}),
                  QStringList{QStringLiteral(" is called with non-float node????")});
     }
 
@@ -424,7 +342,7 @@ private Q_SLOTS:
 
         // When the device reports a new value meanwhile
         parameter(QStringLiteral("Plain"))->setValue(QVariant(55.0));
-        m_collection->waitForDevice();
+        m_cases->waitForDevice();
 
         // Then the typing stays; Escape drops it and shows the device's value
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("300 µs"));
@@ -436,23 +354,10 @@ private Q_SLOTS:
     void shouldKeepEnterAndEscapeInsideTheEditor()
     {
         // The delegate's filter sits on the editor widget: it must not see these keys.
-        struct KeyWatcher : QObject {
-            QList<int> keys;
-            bool eventFilter(QObject*, QEvent* event) override
-            {
-                if (event->type() == QEvent::KeyPress) {
-                    keys << static_cast<QKeyEvent*>(event)->key();
-                }
-                return false;
-            }
-        } watcher;
         FloatEditor* editor = open(QStringLiteral("Plain"));
-        editor->installEventFilter(&watcher);
 
-        QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
-        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
-
-        QCOMPARE(watcher.keys, QList<int>());
+        QCOMPARE(keysReaching(editor, editor->spinBox(), {Qt::Key_Escape, Qt::Key_Enter}),
+                 QList<int>());
     }
 };
 

@@ -1,138 +1,36 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/doublespinbox.h"
 #include "internal/legacy/floatslidereditor.h"
 
-#include <QApplication>
 #include <QLocale>
-#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QStyle>
-#include <QStyleOptionSlider>
-#include <QWheelEvent>
 #include <QtTest>
 
 #include <cmath>
 
 using namespace ParameterCollection;
 
-namespace {
-
-const QString kPrefix = QStringLiteral("@CameraDevice/");
-
-bool giveFocus(QWidget* widget)
-{
-    widget->window()->show();
-    QApplication::setActiveWindow(widget->window());
-    widget->setFocus(Qt::OtherFocusReason);
-    return QTest::qWaitFor([widget] { return widget->hasFocus(); });
-}
-
-bool turnWheel(QWidget* widget, int delta)
-{
-    const QPoint center = widget->rect().center();
-    QWheelEvent event(QPointF(center), QPointF(widget->mapToGlobal(center)), QPoint(),
-                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    event.setAccepted(false);
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
-QPoint handleCenter(QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.orientation = slider->orientation();
-    option.minimum = slider->minimum();
-    option.maximum = slider->maximum();
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.singleStep = slider->singleStep();
-    option.pageStep = slider->pageStep();
-    option.upsideDown = slider->invertedAppearance();
-    return slider->style()
-        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
-        .center();
-}
-
-void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& pos, Qt::MouseButtons buttons)
-{
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, QPointF(pos), QPointF(widget->mapToGlobal(pos)), button, buttons,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void typeOver(QAbstractSpinBox* box, const QString& text)
-{
-    box->selectAll();
-    QTest::keyClicks(box, text);
-}
-
-// The delegate's and the model's part: commit each boxValueChanged unless it equals the
-// current value, and reload the editor on every new parameter data.
-void wireLikeTheDelegate(FloatSliderEditor* editor, const AbstractItemEditor::EditorData& data)
-{
-    const QSharedPointer<IParameter> parameter = data.parameter;
-    QObject::connect(editor, &FloatSliderEditor::boxValueChanged, editor, [editor, parameter] {
-        const QVariant value = editor->editorData();
-        if (!value.isValid() || parameter->getParameterData()->value == value) {
-            return;
-        }
-        try {
-            parameter->setValue(value);
-        } catch (const std::exception& e) {
-            QFAIL(e.what());
-        }
-    });
-    QObject::connect(parameter.data(), &IParameter::parameterDataChanged, editor,
-                     [editor, data] { editor->setEditorData(data); });
-}
-
-} // namespace
-
-class tst_FloatSliderEditor : public QObject {
+class tst_FloatSliderEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
 private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_collection;
-    std::unique_ptr<QWidget> m_window;
-
-    QSharedPointer<IParameter> parameter(const QString& feature) const
-    {
-        return m_collection->getParameter(kPrefix + feature);
-    }
-    QVariant deviceValue(const QString& feature) const
-    {
-        m_collection->waitForDevice();
-        return parameter(feature)->getParameterData()->value;
-    }
     FloatSliderEditor* open(const QString& feature)
     {
-        auto* editor = new FloatSliderEditor(m_window.get(), m_collection);
-        const AbstractItemEditor::EditorData data{parameter(feature), m_collection};
-        editor->setEditorData(data);
-        wireLikeTheDelegate(editor, data);
+        auto* editor = new FloatSliderEditor(m_window.get(), m_cases);
         editor->resize(400, 28);
-        editor->show();
-        return editor;
+        return showLikeTheDelegate(editor, {parameter(feature), m_cases});
     }
 
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
     void init()
     {
-        m_collection = openTestDescription(QStringLiteral("floatalias"));
-        m_window = std::make_unique<QWidget>();
-        m_window->resize(500, 100);
-        m_window->show();
+        openCases(QStringLiteral("floatalias"));
+        openWindow(500);
     }
-    void cleanup()
-    {
-        m_window.reset();
-        m_collection.reset();
-    }
+    void cleanup() { closeDescriptions(); }
 
     void shouldPickTheSliderModeFromTheRepresentation_data()
     {
@@ -285,11 +183,7 @@ private Q_SLOTS:
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
 
         // When the handle is dragged to the right and let go
-        const QPoint start = handleCenter(slider);
-        sendMouse(slider, QEvent::MouseButtonPress, start, Qt::LeftButton);
-        sendMouse(slider, QEvent::MouseMove, start + QPoint(20, 0), Qt::LeftButton);
-        sendMouse(slider, QEvent::MouseMove, start + QPoint(40, 0), Qt::LeftButton);
-        sendMouse(slider, QEvent::MouseButtonRelease, start + QPoint(40, 0), Qt::NoButton);
+        QVERIFY(dragHandle(slider, 20, 2));
 
         // Then each value was committed and the device holds the last, on the logarithmic scale
         QCOMPARE(changed.count(), 2);
@@ -307,9 +201,9 @@ private Q_SLOTS:
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
 
         parameter(QStringLiteral("LogFloat"))->setValue(QVariant(500.0));
-        m_collection->waitForDevice();
-        editor->setEditorData({parameter(QStringLiteral("SteppedLinear")), m_collection});
-        editor->setEditorData({parameter(QStringLiteral("LogFloat")), m_collection});
+        m_cases->waitForDevice();
+        editor->setEditorData({parameter(QStringLiteral("SteppedLinear")), m_cases});
+        editor->setEditorData({parameter(QStringLiteral("LogFloat")), m_cases});
 
         QCOMPARE(editor->value(), 500.0);
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("500.0 µs"));
@@ -323,8 +217,7 @@ private Q_SLOTS:
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
 
         // When 12.34 is typed and committed
-        typeOver(editor->spinBox(), QStringLiteral("12.34"));
-        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
+        typeAndEnter(editor->spinBox(), QStringLiteral("12.34"));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("12.34 dB"));
 
@@ -340,13 +233,11 @@ private Q_SLOTS:
     {
         const auto camera = openSimulatedCamera();
         const auto exposure =
-            camera->collection->getParameter(QStringLiteral("@CameraDevice/ExposureTime"));
+            camera->collection->getParameter(fullFeatureName(QStringLiteral("ExposureTime")));
         QVERIFY(exposure);
-        auto* editor = new FloatSliderEditor(m_window.get(), camera->collection);
-        const AbstractItemEditor::EditorData data{exposure, camera->collection};
-        editor->setEditorData(data);
-        wireLikeTheDelegate(editor, data);
-        editor->show();
+        auto* editor =
+            showLikeTheDelegate(new FloatSliderEditor(m_window.get(), camera->collection),
+                                {exposure, camera->collection});
         QVERIFY(editor->isLogarithmic());
         QCOMPARE(editor->logMin(), std::log2(20.0));
         QCOMPARE(editor->logMax(), std::log2(1e7));
@@ -371,7 +262,7 @@ private Q_SLOTS:
         // Given Gain, whose alias Gain/Alias (1..16 x) exists
         FloatSliderEditor* editor = open(QStringLiteral("Gain"));
         QVERIFY(editor->alias());
-        QCOMPARE(editor->alias()->getName(), kPrefix + QStringLiteral("Gain/Alias"));
+        QCOMPARE(editor->alias()->getName(), fullFeatureName(QStringLiteral("Gain/Alias")));
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("2.000 x"));
         QCOMPARE(editor->toolTip(), QStringLiteral("Range: 1..16"));
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
@@ -393,7 +284,7 @@ private Q_SLOTS:
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
 
         parameter(QStringLiteral("Gain/Alias"))->setValue(QVariant(8.5));
-        m_collection->waitForDevice();
+        m_cases->waitForDevice();
 
         QTRY_COMPARE(editor->value(), 8.5);
         QCOMPARE(changed.count(), 0);
@@ -401,7 +292,7 @@ private Q_SLOTS:
 
     void shouldEditTheFeatureItselfWhereNoAliasExists()
     {
-        QVERIFY(!m_collection->getParameter(kPrefix + QStringLiteral("SteppedLinear/Alias")));
+        QVERIFY(!parameter(QStringLiteral("SteppedLinear/Alias")));
 
         FloatSliderEditor* editor = open(QStringLiteral("SteppedLinear"));
 
@@ -413,12 +304,12 @@ private Q_SLOTS:
     {
         FloatSliderEditor* editor = open(QStringLiteral("SteppedLinear"));
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
-        MessageCapture messages;
 
-        editor->setEditorData({parameter(QStringLiteral("Count")), m_collection});
+        const QStringList log =
+            logOfLoading(*editor, {parameter(QStringLiteral("Count")), m_cases});
 
-        QCOMPARE(messages.lines(), QStringList{QStringLiteral(
-                                       "@CameraDevice/Count is called with non-float node????")});
+        QCOMPARE(log, QStringList{
+                          QStringLiteral("@CameraDevice/Count is called with non-float node????")});
         QCOMPARE(editor->value(), 10.0);
         QCOMPARE(editor->editorData(), QVariant(10.0));
         QCOMPARE(changed.count(), 0);
@@ -450,7 +341,7 @@ private Q_SLOTS:
         typeOver(editor->spinBox(), QStringLiteral("77"));
 
         parameter(QStringLiteral("SteppedLinear"))->setValue(QVariant(55.0));
-        m_collection->waitForDevice();
+        m_cases->waitForDevice();
 
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("77 ms"));
         QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
@@ -461,23 +352,10 @@ private Q_SLOTS:
 
     void shouldKeepEnterAndEscapeInsideTheEditor()
     {
-        struct KeyWatcher : QObject {
-            QList<int> keys;
-            bool eventFilter(QObject*, QEvent* event) override
-            {
-                if (event->type() == QEvent::KeyPress) {
-                    keys << static_cast<QKeyEvent*>(event)->key();
-                }
-                return false;
-            }
-        } watcher;
         FloatSliderEditor* editor = open(QStringLiteral("SteppedLinear"));
-        editor->installEventFilter(&watcher);
 
-        QTest::keyClick(editor->spinBox(), Qt::Key_Escape);
-        QTest::keyClick(editor->spinBox(), Qt::Key_Enter);
-
-        QCOMPARE(watcher.keys, QList<int>());
+        QCOMPARE(keysReaching(editor, editor->spinBox(), {Qt::Key_Escape, Qt::Key_Enter}),
+                 QList<int>());
     }
 };
 

@@ -1,4 +1,4 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/hexvalidator.h"
 #include "internal/legacy/inteditor.h"
@@ -61,34 +61,10 @@ private:
 
 } // namespace
 
-class tst_IntEditor : public QObject {
+class tst_IntEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
 private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_tree;
-    QSharedPointer<Backend::DeviceParameterCollection> m_ints;
-    std::unique_ptr<SimulatedCamera> m_camera;
-
-    QSharedPointer<IParameter> parameterOf(const QString& source, const QString& feature) const
-    {
-        const QString fullName = QStringLiteral("@CameraDevice/") + feature;
-        if (source == QLatin1String("tree")) {
-            return m_tree->getParameter(fullName);
-        }
-        if (source == QLatin1String("ints")) {
-            return m_ints->getParameter(fullName);
-        }
-        return m_camera->collection->getParameter(fullName);
-    }
-    QSharedPointer<IParameter> tree(const QString& feature) const
-    {
-        return parameterOf(QStringLiteral("tree"), feature);
-    }
-    QSharedPointer<IParameter> ints(const QString& feature) const
-    {
-        return parameterOf(QStringLiteral("ints"), feature);
-    }
-
     // What the model does with the editor's data when editing ends.
     static QString write(IntEditor& editor, const QSharedPointer<IParameter>& parameter)
     {
@@ -107,22 +83,9 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_camera = openSimulatedCamera();
-        QVERIFY(m_camera->collection);
-    }
-    void init()
-    {
-        m_tree = openTestDescription(QStringLiteral("tree"));
-        m_ints = openTestDescription(QStringLiteral("integereditors"));
-    }
-    void cleanup()
-    {
-        m_tree.reset();
-        m_ints.reset();
-    }
-    void cleanupTestCase() { m_camera.reset(); }
+    void initTestCase() { QVERIFY(openCamera()); }
+    void init() { openDescriptions(QStringLiteral("integereditors")); }
+    void cleanup() { closeDescriptions(); }
 
     void shouldBeFramelessWithNarrowMargins()
     {
@@ -202,7 +165,7 @@ private Q_SLOTS:
         // Given a "HexNumber" feature with the range 0..255
         IntEditor editor;
 
-        editor.setEditorData({ints(QStringLiteral("HexByte")), {}});
+        editor.setEditorData({parameter(QStringLiteral("HexByte")), {}});
 
         // Then the tool tip is the hexadecimal range form filled with 0 and ff
         QCOMPARE(editor.toolTip(), QStringLiteral("Range: 0x%1..0x%2").arg("0", "ff"));
@@ -269,14 +232,12 @@ private Q_SLOTS:
         QCOMPARE(editor.text(), QStringLiteral("0xFFFFFFFFFF"));
         QVERIFY(editor.hasAcceptableInput());
         QCOMPARE(write(editor, parameter), QString());
-        auto* camera =
-            qobject_cast<Backend::DeviceParameterCollection*>(m_camera->collection.data());
-        camera->waitForDevice();
+        camera()->waitForDevice();
         QCOMPARE(parameter->getParameterData()->value.toLongLong(), 0xFFFFFFFFFFLL);
 
         retype(editor, QStringLiteral("0x123456789A"));
         QCOMPARE(write(editor, parameter), QString());
-        camera->waitForDevice();
+        camera()->waitForDevice();
     }
 
     void shouldRefuseTextThatCannotBeAValueWhileTyping_data()
@@ -394,10 +355,10 @@ private Q_SLOTS:
 
         // Given an editor that showed a hexadecimal feature before
         IntEditor editor;
-        editor.setEditorData({ints(QStringLiteral("HexByte")), {}});
+        editor.setEditorData({parameter(QStringLiteral("HexByte")), {}});
         QVERIFY(editor.validator());
 
-        editor.setEditorData({ints(feature), {}});
+        editor.setEditorData({parameter(feature), {}});
 
         QCOMPARE(editor.text(), text);
         QCOMPARE(editor.toolTip(), QString());
@@ -430,27 +391,27 @@ private Q_SLOTS:
         QFETCH(QString, data);
         QFETCH(QString, shown);
 
-        const auto parameter = ints(feature);
+        const auto address = parameter(feature);
         IntEditor editor;
-        editor.setEditorData({parameter, {}});
+        editor.setEditorData({address, {}});
         retype(editor, typed);
 
         QCOMPARE(editor.editorData(), QVariant(data));
-        QCOMPARE(write(editor, parameter), QString());
-        m_ints->waitForDevice();
-        editor.setEditorData({parameter, {}});
+        QCOMPARE(write(editor, address), QString());
+        m_cases->waitForDevice();
+        editor.setEditorData({address, {}});
         QCOMPARE(editor.text(), shown);
     }
 
     void shouldPassMalformedAddressesOnForThePlugInToRefuse()
     {
-        const auto parameter = ints(QStringLiteral("IpAddress"));
+        const auto address = parameter(QStringLiteral("IpAddress"));
         IntEditor editor;
-        editor.setEditorData({parameter, {}});
+        editor.setEditorData({address, {}});
         retype(editor, QStringLiteral("10.0.300.7"));
 
         QCOMPARE(editor.editorData(), QVariant(QStringLiteral("10.0.300.7")));
-        QVERIFY(!write(editor, parameter).isEmpty());
+        QVERIFY(!write(editor, address).isEmpty());
     }
 
     void shouldShowTheValueTheCameraReportsWhenCalledAgain()
@@ -509,11 +470,9 @@ private Q_SLOTS:
         QFETCH(QString, feature);
         IntEditor editor;
         editor.setText(QStringLiteral("untouched"));
-        MessageCapture log;
+        const QStringList log = logOfLoading(editor, {tree(feature), {}});
 
-        editor.setEditorData({tree(feature), {}});
-
-        QCOMPARE(log.lines(),
+        QCOMPARE(log,
                  QStringList{QStringLiteral("@CameraDevice/%1 is called with non-integer node????")
                                  .arg(feature)});
         QCOMPARE(editor.text(), QStringLiteral("untouched"));
@@ -522,11 +481,9 @@ private Q_SLOTS:
     void shouldSurviveAMissingParameter()
     {
         IntEditor editor;
-        MessageCapture log;
+        const QStringList log = logOfLoading(editor, {});
 
-        editor.setEditorData({});
-
-        QCOMPARE(log.lines(), QStringList{QStringLiteral(" is called with non-integer node????")});
+        QCOMPARE(log, QStringList{QStringLiteral(" is called with non-integer node????")});
         QCOMPARE(editor.text(), QString());
     }
 
@@ -537,11 +494,9 @@ private Q_SLOTS:
         const QValidator* validator = editor.validator();
         auto odd = QSharedPointer<RepresentationOverride>::create(tree(QStringLiteral("IntHex")),
                                                                   QStringLiteral("Fancy"));
-        MessageCapture log;
+        const QStringList log = logOfLoading(editor, {odd, {}});
 
-        editor.setEditorData({odd, {}});
-
-        QCOMPARE(log.lines(), QStringList{QStringLiteral("Unexpected representation.")});
+        QCOMPARE(log, QStringList{QStringLiteral("Unexpected representation.")});
         QCOMPARE(editor.text(), QStringLiteral("42"));
         QCOMPARE(editor.toolTip(), QStringLiteral("Range: 0..1000"));
         QCOMPARE(editor.validator(), validator);
@@ -549,19 +504,19 @@ private Q_SLOTS:
 
     void shouldKeepOneValidatorWhileTheRangeStaysTheSame()
     {
-        const auto parameter = tree(QStringLiteral("IntHex"));
+        const auto intHex = tree(QStringLiteral("IntHex"));
         IntEditor editor;
-        editor.setEditorData({parameter, {}});
+        editor.setEditorData({intHex, {}});
         const QValidator* first = editor.validator();
 
-        editor.setEditorData({parameter, {}});
-        editor.setEditorData({parameter, {}});
+        editor.setEditorData({intHex, {}});
+        editor.setEditorData({intHex, {}});
 
         QCOMPARE(editor.validator(), first);
         QCOMPARE(editor.findChildren<QValidator*>().size(), 1);
 
         // A different range gets a validator of its own, and the old one goes.
-        editor.setEditorData({ints(QStringLiteral("HexByte")), {}});
+        editor.setEditorData({parameter(QStringLiteral("HexByte")), {}});
         QCOMPARE(editor.findChildren<QValidator*>().size(), 1);
         auto* hex = qobject_cast<const HexValidator*>(editor.validator());
         QVERIFY(hex);

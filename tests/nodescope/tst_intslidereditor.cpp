@@ -1,68 +1,24 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
 #include "internal/legacy/intslidereditor.h"
 #include "internal/legacy/vantoqtspinbox.h"
 
 #include <parametercollection/exception.h>
 
-#include <QApplication>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QStandardItemModel>
-#include <QStyleOptionSlider>
 #include <QStyledItemDelegate>
-#include <QTableView>
 #include <QtTest>
 
 #include <limits>
 
 using namespace ParameterCollection;
 
-// The hint of closeEditor, for QSignalSpy.
-Q_DECLARE_METATYPE(QAbstractItemDelegate::EndEditHint)
-
 namespace {
 
 const int kIntMin = std::numeric_limits<int>::min();
 const int kIntMax = std::numeric_limits<int>::max();
-
-QList<int> intsOf(const QSignalSpy& spy)
-{
-    QList<int> values;
-    for (const QList<QVariant>& arguments : spy) {
-        values << arguments.at(0).toInt();
-    }
-    return values;
-}
-
-QRect handleRect(QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.orientation = slider->orientation();
-    option.minimum = slider->minimum();
-    option.maximum = slider->maximum();
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.singleStep = slider->singleStep();
-    option.pageStep = slider->pageStep();
-    return slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
-                                           slider);
-}
-
-void dragBy(QSlider* slider, int dx, int moves)
-{
-    QPoint pos = handleRect(slider).center();
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, pos);
-    for (int i = 0; i < moves; ++i) {
-        pos.rx() += dx;
-        QMouseEvent move(QEvent::MouseMove, pos, slider->mapToGlobal(pos), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(slider, &move);
-    }
-    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, pos);
-}
 
 // Does what the feature tree's delegate does with a slider editor: loads it from the
 // parameter, and writes every value it announces at once.
@@ -72,6 +28,7 @@ public:
         : QStyledItemDelegate(parent), m_parameter(parameter)
     {}
     mutable QPointer<IntSliderEditor> editor;
+    QSignalSpy committed{this, &QAbstractItemDelegate::commitData};
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
                           const QModelIndex&) const override
@@ -96,33 +53,10 @@ private:
 
 } // namespace
 
-class tst_IntSliderEditor : public QObject {
+class tst_IntSliderEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
 private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_tree;
-    QSharedPointer<Backend::DeviceParameterCollection> m_ints;
-    std::unique_ptr<SimulatedCamera> m_camera;
-
-    QSharedPointer<IParameter> tree(const QString& feature) const
-    {
-        return m_tree->getParameter(QStringLiteral("@CameraDevice/") + feature);
-    }
-    QSharedPointer<IParameter> ints(const QString& feature) const
-    {
-        return m_ints->getParameter(QStringLiteral("@CameraDevice/") + feature);
-    }
-    QSharedPointer<IParameter> parameterOf(const QString& source, const QString& feature) const
-    {
-        if (source == QLatin1String("tree")) {
-            return tree(feature);
-        }
-        if (source == QLatin1String("ints")) {
-            return ints(feature);
-        }
-        return m_camera->collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
-    }
-
     // Feeds the editor on every change of the parameter, as the model and delegate do.
     void follow(IntSliderEditor& editor, const QSharedPointer<IParameter>& parameter)
     {
@@ -132,24 +66,25 @@ private:
         });
     }
 
+    // Opens the slider editor of the view's cell, types 730 over its value and presses `key`.
+    // Returns the editor's spin box, null if no editor opened.
+    static VantoQtSpinBox* typeIntoTheEditor(OneCellView<CommittingDelegate>& table, Qt::Key key)
+    {
+        if (!table.edit() || !table.delegate->editor) {
+            return nullptr;
+        }
+        VantoQtSpinBox* box = table.delegate->editor->spinBox();
+        selectAllAndType(box, QStringLiteral("730"));
+        QTest::keyClick(box, key);
+        // The view closes editors through queued calls: let them run.
+        QCoreApplication::processEvents();
+        return box;
+    }
+
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qRegisterMetaType<QAbstractItemDelegate::EndEditHint>();
-        m_camera = openSimulatedCamera();
-        QVERIFY(m_camera->collection);
-    }
-    void init()
-    {
-        m_tree = openTestDescription(QStringLiteral("tree"));
-        m_ints = openTestDescription(QStringLiteral("integereditors"));
-    }
-    void cleanup()
-    {
-        m_tree.reset();
-        m_ints.reset();
-    }
-    void cleanupTestCase() { m_camera.reset(); }
+    void initTestCase() { QVERIFY(openCamera()); }
+    void init() { openDescriptions(QStringLiteral("integereditors")); }
+    void cleanup() { closeDescriptions(); }
 
     void shouldLoadRangeIncrementAndValueFromTheParameter_data()
     {
@@ -297,12 +232,11 @@ private Q_SLOTS:
     {
         // Given the editor of a feature with minimum 3 and increment 5
         IntSliderEditor editor;
-        editor.setEditorData({ints(QStringLiteral("GridFromThree")), {}});
+        editor.setEditorData({parameter(QStringLiteral("GridFromThree")), {}});
         QSignalSpy values(&editor, &IntSliderEditor::valueChanged);
 
         // When 14 is typed and editing ends
-        QTest::keyClick(editor.spinBox(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(editor.spinBox(), "14");
+        selectAllAndType(editor.spinBox(), "14");
         QCOMPARE(editor.spinBox()->text(), QStringLiteral("14"));
         QTest::keyClick(editor.spinBox(), Qt::Key_Return);
 
@@ -312,8 +246,7 @@ private Q_SLOTS:
         QCOMPARE(values.count(), 0);
 
         // And 29 becomes 28, which is new and so announced
-        QTest::keyClick(editor.spinBox(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(editor.spinBox(), "29");
+        selectAllAndType(editor.spinBox(), "29");
         QTest::keyClick(editor.spinBox(), Qt::Key_Return);
         QCOMPARE(editor.spinBox()->text(), QStringLiteral("28"));
         QCOMPARE(intsOf(values), QList<int>{28});
@@ -323,32 +256,18 @@ private Q_SLOTS:
     {
         // Given a view editing IntLinear (500) with the slider editor
         const auto parameter = tree(QStringLiteral("IntLinear"));
-        QStandardItemModel model(1, 1);
-        QTableView view;
-        auto* delegate = new CommittingDelegate(parameter, &view);
-        view.setItemDelegate(delegate);
-        view.setModel(&model);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        view.edit(model.index(0, 0));
-        QVERIFY(delegate->editor);
-        QSignalSpy closed(delegate, &QAbstractItemDelegate::closeEditor);
-        QVERIFY(closed.isValid());
-        QSignalSpy committed(delegate, &QAbstractItemDelegate::commitData);
-        VantoQtSpinBox* box = delegate->editor->spinBox();
+        OneCellView<CommittingDelegate> table(parameter);
+        QVERIFY(table.closed.isValid());
 
         // When the user types a number and presses Escape
-        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(box, "730");
-        QTest::keyClick(box, Qt::Key_Escape);
-        // The view closes editors through queued calls: let them run.
-        QCoreApplication::processEvents();
+        VantoQtSpinBox* box = typeIntoTheEditor(table, Qt::Key_Escape);
+        QVERIFY(box);
 
         // Then the previous text is back, nothing was written and the editor is still open
         QCOMPARE(box->text(), QStringLiteral("500"));
-        QCOMPARE(closed.count(), 0);
-        QCOMPARE(committed.count(), 0);
-        QCOMPARE(view.indexWidget(model.index(0, 0)), delegate->editor.data());
+        QCOMPARE(table.closed.count(), 0);
+        QCOMPARE(table.delegate->committed.count(), 0);
+        QCOMPARE(table.editor(), table.delegate->editor.data());
         m_tree->waitForDevice();
         QCOMPARE(parameter->getParameterData()->value.toLongLong(), 500);
     }
@@ -356,28 +275,13 @@ private Q_SLOTS:
     void shouldCommitOnEnterWithoutClosingTheEditor()
     {
         const auto parameter = tree(QStringLiteral("IntLinear"));
-        QStandardItemModel model(1, 1);
-        QTableView view;
-        auto* delegate = new CommittingDelegate(parameter, &view);
-        view.setItemDelegate(delegate);
-        view.setModel(&model);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        view.edit(model.index(0, 0));
-        QVERIFY(delegate->editor);
-        QSignalSpy closed(delegate, &QAbstractItemDelegate::closeEditor);
-        QVERIFY(closed.isValid());
-        QSignalSpy committed(delegate, &QAbstractItemDelegate::commitData);
-        VantoQtSpinBox* box = delegate->editor->spinBox();
+        OneCellView<CommittingDelegate> table(parameter);
+        QVERIFY(table.closed.isValid());
 
-        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(box, "730");
-        QTest::keyClick(box, Qt::Key_Enter);
-        // The view closes editors through queued calls: let them run.
-        QCoreApplication::processEvents();
+        QVERIFY(typeIntoTheEditor(table, Qt::Key_Enter));
 
-        QCOMPARE(committed.count(), 1);
-        QCOMPARE(closed.count(), 0);
+        QCOMPARE(table.delegate->committed.count(), 1);
+        QCOMPARE(table.closed.count(), 0);
         m_tree->waitForDevice();
         QCOMPARE(parameter->getParameterData()->value.toLongLong(), 730);
     }
@@ -402,7 +306,7 @@ private Q_SLOTS:
         QSignalSpy values(&editor, &IntSliderEditor::valueChanged);
 
         // When the handle is dragged to the right
-        dragBy(editor.slider(), 3, 40);
+        QVERIFY(dragHandle(editor.slider(), 3, 40));
         m_tree->waitForDevice();
 
         // Then each announced value is new and on the grid, the camera took every one, and the
@@ -455,15 +359,12 @@ private Q_SLOTS:
         QSignalSpy ranges(&editor, &IntSliderEditor::rangeChanged);
 
         width->setValue(QVariant(qint64(64)));
-        auto* camera =
-            qobject_cast<Backend::DeviceParameterCollection*>(m_camera->collection.data());
-        QVERIFY(camera);
-        camera->waitForDevice();
+        camera()->waitForDevice();
         offsetX->setValue(QVariant(offsetBefore + 32));
-        camera->waitForDevice();
+        camera()->waitForDevice();
         width->addObserver();
-        camera->refresh();
-        camera->waitForDevice();
+        camera()->refresh();
+        camera()->waitForDevice();
         width->removeObserver();
 
         QCOMPARE(editor.slider()->value(), 64);
@@ -472,34 +373,34 @@ private Q_SLOTS:
         QCOMPARE(values.count(), 0);
 
         offsetX->setValue(QVariant(offsetBefore));
-        camera->waitForDevice();
+        camera()->waitForDevice();
     }
 
     void shouldDisableItselfExactlyWhileTheParameterIsNotWritable()
     {
         IntSliderEditor readOnly;
-        readOnly.setEditorData({ints(QStringLiteral("LinearReadOnly")), {}});
+        readOnly.setEditorData({parameter(QStringLiteral("LinearReadOnly")), {}});
         QVERIFY(!readOnly.isEnabled());
         QCOMPARE(readOnly.slider()->value(), 40);
 
         // A lock comes and goes with the switch that imposes it.
-        const auto lockable = ints(QStringLiteral("Lockable"));
+        const auto lockable = parameter(QStringLiteral("Lockable"));
         IntSliderEditor editor;
         follow(editor, lockable);
         QVERIFY(editor.isEnabled());
         lockable->addObserver();
-        ints(QStringLiteral("LockSwitch"))->setValue(QVariant(qint64(1)));
-        m_ints->waitForDevice();
-        m_ints->refresh();
-        m_ints->waitForDevice();
+        parameter(QStringLiteral("LockSwitch"))->setValue(QVariant(qint64(1)));
+        m_cases->waitForDevice();
+        m_cases->refresh();
+        m_cases->waitForDevice();
         QVERIFY(lockable->getParameterData()->locked);
         QVERIFY(!editor.isEnabled());
         QCOMPARE(editor.slider()->value(), 30);
 
-        ints(QStringLiteral("LockSwitch"))->setValue(QVariant(qint64(0)));
-        m_ints->waitForDevice();
-        m_ints->refresh();
-        m_ints->waitForDevice();
+        parameter(QStringLiteral("LockSwitch"))->setValue(QVariant(qint64(0)));
+        m_cases->waitForDevice();
+        m_cases->refresh();
+        m_cases->waitForDevice();
         QVERIFY(editor.isEnabled());
         lockable->removeObserver();
     }
@@ -512,7 +413,7 @@ private Q_SLOTS:
         auto* readOnly = new IntSliderEditor(&view);
         auto* writable = new IntSliderEditor(&view);
 
-        readOnly->setEditorData({ints(QStringLiteral("LinearReadOnly")), {}});
+        readOnly->setEditorData({parameter(QStringLiteral("LinearReadOnly")), {}});
         writable->setEditorData({tree(QStringLiteral("IntLinear")), {}});
 
         // When the view is enabled again, each follows its own parameter
@@ -526,12 +427,11 @@ private Q_SLOTS:
         IntSliderEditor editor;
         editor.setRangeAndStep(5, 50, 5);
         editor.setValue(25);
-        MessageCapture log;
+        const QStringList log =
+            logOfLoading(editor, {parameter(QStringLiteral("LinearWriteOnly")), {}});
 
-        editor.setEditorData({ints(QStringLiteral("LinearWriteOnly")), {}});
-
-        QCOMPARE(log.lines(), QStringList{QStringLiteral(
-                                  "Non-readable slider: @CameraDevice/LinearWriteOnly??????")});
+        QCOMPARE(log, QStringList{QStringLiteral(
+                          "Non-readable slider: @CameraDevice/LinearWriteOnly??????")});
         QCOMPARE(editor.minimum(), 5);
         QCOMPARE(editor.maximum(), 50);
         QCOMPARE(editor.value(), 25);
@@ -540,11 +440,10 @@ private Q_SLOTS:
     void shouldLogAnInvertedRangeAndStillLoad()
     {
         IntSliderEditor editor;
-        MessageCapture log;
+        const QStringList log =
+            logOfLoading(editor, {parameter(QStringLiteral("InvertedRange")), {}});
 
-        editor.setEditorData({ints(QStringLiteral("InvertedRange")), {}});
-
-        QCOMPARE(log.lines(),
+        QCOMPARE(log,
                  (QStringList{
                      QStringLiteral(
                          "Feature @CameraDevice/InvertedRange: min value  10 > max value 5???"),
@@ -561,13 +460,11 @@ private Q_SLOTS:
     {
         IntSliderEditor editor;
         QSignalSpy values(&editor, &IntSliderEditor::valueChanged);
-        MessageCapture log;
+        const QStringList log = logOfLoading(editor, {parameter(QStringLiteral("OutOfRange")), {}});
 
-        editor.setEditorData({ints(QStringLiteral("OutOfRange")), {}});
-
-        QCOMPARE(log.lines(), QStringList{QStringLiteral(
-                                  "Feature @CameraDevice/OutOfRange: value 150 out of range??? "
-                                  "min = 0, max = 100")});
+        QCOMPARE(log, QStringList{QStringLiteral(
+                          "Feature @CameraDevice/OutOfRange: value 150 out of range??? "
+                          "min = 0, max = 100")});
         QCOMPARE(editor.minimum(), 0);
         QCOMPARE(editor.maximum(), 100);
         QCOMPARE(editor.value(), 100);
@@ -586,13 +483,11 @@ private Q_SLOTS:
         QFETCH(QString, feature);
         IntSliderEditor editor;
         editor.setRangeAndStep(1, 9, 1);
-        MessageCapture log;
+        const QStringList log = logOfLoading(editor, {tree(feature), {}});
 
-        editor.setEditorData({tree(feature), {}});
-
-        QCOMPARE(log.lines(), QStringList{QStringLiteral("@CameraDevice/%1 is called with "
-                                                         "non-integer node????")
-                                              .arg(feature)});
+        QCOMPARE(log, QStringList{QStringLiteral("@CameraDevice/%1 is called with "
+                                                 "non-integer node????")
+                                      .arg(feature)});
         QCOMPARE(editor.minimum(), 1);
         QCOMPARE(editor.maximum(), 9);
     }
@@ -600,11 +495,9 @@ private Q_SLOTS:
     void shouldSurviveAMissingParameter()
     {
         IntSliderEditor editor;
-        MessageCapture log;
+        const QStringList log = logOfLoading(editor, {});
 
-        editor.setEditorData({});
-
-        QCOMPARE(log.lines(), QStringList{QStringLiteral(" is called with non-integer node????")});
+        QCOMPARE(log, QStringList{QStringLiteral(" is called with non-integer node????")});
     }
 
     void shouldNotTouchTheSliderWhenTheSameDataArrivesAgain()

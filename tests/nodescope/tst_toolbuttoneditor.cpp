@@ -1,14 +1,11 @@
-#include "testsupport.h"
+#include "editortestsupport.h"
 
-#include "internal/legacy/featuretreemodel.h"
 #include "internal/legacy/toolbuttoneditor.h"
 
 #include <simulateddevice.h>
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 #include <QtTest>
 
 #include <atomic>
@@ -17,37 +14,6 @@
 using namespace ParameterCollection;
 
 namespace {
-
-// A feature's row in a real feature tree model, and what the delegate does when an editor
-// commits: hand editorData() to the model's setData for the value column.
-class FeatureRow {
-public:
-    FeatureRow(const QSharedPointer<IParameterCollection>& collection, const QString& feature)
-        : m_collection(collection)
-    {
-        m_model.addParameterCollection(collection, QStringLiteral("Camera"),
-                                       QStringLiteral("@CameraDevice"), false);
-        m_index =
-            m_model.findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr, 1);
-        m_parameter = collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
-    }
-
-    QSharedPointer<IParameter> parameter() const { return m_parameter; }
-    AbstractItemEditor::EditorData editorData() const { return {m_parameter, m_collection}; }
-    void commit(ToolButtonEditor& editor)
-    {
-        m_results << m_model.setData(m_index, editor.editorData(), Qt::EditRole);
-    }
-    const QList<bool>& commitResults() const { return m_results; }
-    QObject* context() { return &m_model; }
-
-private:
-    QSharedPointer<IParameterCollection> m_collection;
-    FeatureTreeModel m_model;
-    QModelIndex m_index;
-    QSharedPointer<IParameter> m_parameter;
-    QList<bool> m_results;
-};
 
 // Counts the writes that reach one register of the device's first node map; null when there
 // is no such register.
@@ -82,25 +48,12 @@ void clickButton(QWidget* button)
 
 } // namespace
 
-class tst_ToolButtonEditor : public QObject {
+class tst_ToolButtonEditor : public QObject, private EditorFixture {
     Q_OBJECT
 
-private:
-    QSharedPointer<Backend::DeviceParameterCollection> m_tree;
-    QSharedPointer<Backend::DeviceParameterCollection> m_states;
-
 private Q_SLOTS:
-    void init()
-    {
-        m_tree = openTestDescription(QStringLiteral("tree"));
-        m_states = openTestDescription(QStringLiteral("editorstates"));
-    }
-
-    void cleanup()
-    {
-        m_tree.reset();
-        m_states.reset();
-    }
+    void init() { openDescriptions(QStringLiteral("editorstates")); }
+    void cleanup() { closeDescriptions(); }
 
     void shouldBeACheckableExecuteButton()
     {
@@ -115,17 +68,10 @@ private Q_SLOTS:
 
     void shouldTakeTheFocusWhenClickedOrTabbedTo()
     {
-        QWidget window;
-        auto* other = new QLineEdit(&window);
-        auto* editor = new ToolButtonEditor(&window);
-        auto* layout = new QVBoxLayout(&window);
-        layout->addWidget(other);
-        layout->addWidget(editor);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        other->setFocus();
-        QTRY_VERIFY(other->hasFocus());
+        FocusElsewhere<ToolButtonEditor> window;
+        ToolButtonEditor* editor = window.editor;
+        QLineEdit* other = window.other;
+        QVERIFY(window.show());
 
         clickButton(editor);
         QVERIFY(editor->hasFocus());
@@ -139,7 +85,7 @@ private Q_SLOTS:
     void shouldExecuteTheCommandOnTheDeviceWhenClicked()
     {
         // Given the button of CmdFeat, with no view behind it
-        const auto parameter = m_tree->getParameter(QStringLiteral("@CameraDevice/CmdFeat"));
+        const auto parameter = tree(QStringLiteral("CmdFeat"));
         const auto writes = countWrites(m_tree.data(), "CmdFeatReg");
         QVERIFY(writes);
         ToolButtonEditor editor;
@@ -178,8 +124,7 @@ private Q_SLOTS:
         editor.setEditorData(row.editorData());
         QVERIFY(editor.isEnabled());
         if (throughModel) {
-            connect(&editor, &ToolButtonEditor::valueEdited, row.context(),
-                    [&row, &editor] { row.commit(editor); });
+            row.commitOnEdit(editor);
         }
         QSignalSpy changed(parameter.data(), &IParameter::parameterDataChanged);
 
@@ -222,11 +167,9 @@ private Q_SLOTS:
         ToolButtonEditor editor;
         editor.setEditorData(row.editorData());
         if (commit == QLatin1String("valueEdited")) {
-            connect(&editor, &ToolButtonEditor::valueEdited, row.context(),
-                    [&row, &editor] { row.commit(editor); });
+            row.commitOnEdit(editor);
         } else if (commit == QLatin1String("clicked")) {
-            connect(&editor, &QAbstractButton::clicked, row.context(),
-                    [&row, &editor] { row.commit(editor); });
+            row.commitOn(editor, &QAbstractButton::clicked);
         }
 
         // Every write shows at once as a running snapshot, before the device has seen it; so
@@ -255,7 +198,7 @@ private Q_SLOTS:
         ToolButtonEditor editor;
         editor.setEditorData(row.editorData());
         QVariant handed;
-        connect(&editor, &ToolButtonEditor::valueEdited, row.context(),
+        connect(&editor, &ToolButtonEditor::valueEdited, &editor,
                 [&] { handed = editor.editorData(); });
 
         clickButton(&editor);
@@ -280,8 +223,7 @@ private Q_SLOTS:
         const auto writes = countWrites(m_tree.data(), "CmdFeatReg");
         QVERIFY(writes);
         ToolButtonEditor editor;
-        editor.setEditorData(
-            {m_tree->getParameter(QStringLiteral("@CameraDevice/CmdFeat")), m_tree});
+        editor.setEditorData({tree(QStringLiteral("CmdFeat")), m_tree});
         QVERIFY(editor.command());
         MessageCapture log;
 
@@ -293,45 +235,35 @@ private Q_SLOTS:
                                   "@CameraDevice/BoolFeat is called with non-command node????")});
         QVERIFY(!editor.command());
         QCOMPARE(writes->load(), 0);
-        QVERIFY(isDone(
-            m_tree->getParameter(QStringLiteral("@CameraDevice/CmdFeat"))->getParameterData()));
+        QVERIFY(isDone(tree(QStringLiteral("CmdFeat"))->getParameterData()));
     }
 
     void shouldFollowTheLockOfTheCommandWithoutBeingReloaded()
     {
         // Given an unlocked command's button
-        const auto parameter = m_states->getParameter(QStringLiteral("@CameraDevice/LockableCmd"));
-        const auto lock = m_states->getParameter(QStringLiteral("@CameraDevice/Lock"));
+        const auto command = parameter(QStringLiteral("LockableCmd"));
         ToolButtonEditor editor;
-        editor.setEditorData({parameter, m_states});
+        editor.setEditorData({command, m_cases});
         QVERIFY(editor.isEnabled());
 
         // When the command becomes locked and the device says so
-        lock->setValue(QVariant(1));
-        m_states->waitForDevice();
-        parameter->getAdvancedParameterAccess()->refreshParameterData();
-        m_states->waitForDevice();
+        setAndRefresh(QStringLiteral("Lock"), QVariant(1), command);
 
         // Then the button is disabled, and enabled again once unlocked
-        QVERIFY(parameter->getParameterData()->locked);
+        QVERIFY(command->getParameterData()->locked);
         QVERIFY(!editor.isEnabled());
-        lock->setValue(QVariant(0));
-        m_states->waitForDevice();
-        parameter->getAdvancedParameterAccess()->refreshParameterData();
-        m_states->waitForDevice();
+        setAndRefresh(QStringLiteral("Lock"), QVariant(0), command);
         QVERIFY(editor.isEnabled());
     }
 
     void shouldStayReadyWithoutThrowingWhenTheDeviceIsGone()
     {
-        auto collection = openTestDescription(QStringLiteral("tree"));
-        const AbstractItemEditor::EditorData data{
-            collection->getParameter(QStringLiteral("@CameraDevice/CmdFeat")), {}};
+        const AbstractItemEditor::EditorData data{tree(QStringLiteral("CmdFeat")), {}};
         ToolButtonEditor editor;
         editor.setEditorData(data);
         QVERIFY(editor.isEnabled());
 
-        collection.reset(); // the device closes; its parameters now throw
+        m_tree.reset(); // the device closes; its parameters now throw
         editor.setEditorData(data);
         clickButton(&editor);
 

@@ -1,3 +1,5 @@
+#include "editortestsupport.h"
+
 #include "internal/legacy/doublespinbox.h"
 #include "internal/legacy/twomodedoublecomboslider.h"
 
@@ -266,9 +268,7 @@ private Q_SLOTS:
         const LogMapping expected = mappingOf(combo);
         QSignalSpy changed(&combo, &DoubleComboSlider::valueChanged);
 
-        combo.spinBox()->selectAll();
-        QTest::keyClicks(combo.spinBox(), QStringLiteral("50000"));
-        QTest::keyClick(combo.spinBox(), Qt::Key_Enter);
+        typeAndEnter(combo.spinBox(), QStringLiteral("50000"));
 
         QCOMPARE(changed.count(), 1);
         QCOMPARE(combo.value(), 50000.0);

@@ -1,57 +1,23 @@
+#include "editortestsupport.h"
+
 #include "internal/legacy/vantoqtdoublespinbox.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QSignalSpy>
-#include <QWheelEvent>
 #include <QtTest>
 
-namespace {
-
-// Counts the keys that get past the spin box, as a view around an editor would see them.
-class KeyCountingParent : public QWidget {
-public:
-    QList<int> keys;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
-};
-
-bool giveFocus(QWidget* widget)
-{
-    widget->window()->show();
-    QApplication::setActiveWindow(widget->window());
-    widget->setFocus(Qt::OtherFocusReason);
-    return QTest::qWaitFor([widget] { return widget->hasFocus(); });
-}
-
-// Returns whether the spin box took the event.
-bool turnWheel(QWidget* widget, int delta)
-{
-    const QPoint center = widget->rect().center();
-    QWheelEvent event(QPointF(center), QPointF(widget->mapToGlobal(center)), QPoint(),
-                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    event.setAccepted(false);
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
-void typeOver(QAbstractSpinBox* box, const QString& text)
-{
-    box->selectAll();
-    QTest::keyClicks(box, text);
-}
-
-} // namespace
+#include <memory>
 
 class tst_VantoQtDoubleSpinBox : public QObject {
     Q_OBJECT
 
 private:
-    KeyCountingParent* m_parent = nullptr;
-    VantoQtDoubleSpinBox* m_box = nullptr;
+    std::unique_ptr<QWidget> m_parent;
+    // The keys that get past the spin box, as a view around an editor would see them.
+    KeyWatcher* m_keys = nullptr;          // owned by m_parent
+    VantoQtDoubleSpinBox* m_box = nullptr; // owned by m_parent
 
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
@@ -59,19 +25,16 @@ private Q_SLOTS:
     // Every test starts from a box at 10 on 0..100 with single step 0.5, inside a parent.
     void init()
     {
-        m_parent = new KeyCountingParent;
-        m_box = new VantoQtDoubleSpinBox(m_parent);
+        m_parent = std::make_unique<QWidget>();
+        m_keys = new KeyWatcher(m_parent.get());
+        m_parent->installEventFilter(m_keys);
+        m_box = new VantoQtDoubleSpinBox(m_parent.get());
         m_box->setRange(0.0, 100.0);
         m_box->setSingleStep(0.5);
         m_box->setValue(10.0);
         m_parent->show();
     }
-    void cleanup()
-    {
-        delete m_parent;
-        m_parent = nullptr;
-        m_box = nullptr;
-    }
+    void cleanup() { m_parent.reset(); }
 
     void shouldStepBySingleStepAndCommitEveryArrowKey()
     {
@@ -178,14 +141,14 @@ private Q_SLOTS:
         QTest::keyClick(m_box, Qt::Key(key));
 
         QVERIFY(press.isAccepted());
-        QCOMPARE(m_parent->keys, QList<int>());
+        QCOMPARE(m_keys->keys, QList<int>());
     }
 
     void shouldLetOtherKeysItDoesNotUseReachTheView()
     {
         QTest::keyClick(m_box, Qt::Key_F5);
 
-        QCOMPARE(m_parent->keys, QList<int>{Qt::Key_F5});
+        QCOMPARE(m_keys->keys, QList<int>{Qt::Key_F5});
     }
 
     void shouldStartAStepFromUncommittedTyping()
@@ -231,7 +194,7 @@ private Q_SLOTS:
 
     void shouldCommitTypedTextWhenTheFocusLeaves()
     {
-        auto* other = new QLineEdit(m_parent);
+        auto* other = new QLineEdit(m_parent.get());
         other->show();
         QVERIFY(giveFocus(m_box));
         QSignalSpy changed(m_box, QOverload<double>::of(&QDoubleSpinBox::valueChanged));

@@ -1,42 +1,30 @@
+#include "editortestsupport.h"
+
 #include "internal/legacy/vantoqtspinbox.h"
 
-#include <QApplication>
-#include <QLineEdit>
 #include <QSignalSpy>
-#include <QWheelEvent>
 #include <QtTest>
 
-namespace {
-
-// Counts the key presses that make it past the spin box to its parent.
-class KeyWatcher : public QObject {
-public:
-    QList<int> keys;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::KeyPress) {
-            keys << static_cast<QKeyEvent*>(event)->key();
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
-
-void wheel(QWidget* widget, int angle)
-{
-    const QPointF pos(widget->width() / 2.0, widget->height() / 2.0);
-    QWheelEvent event(pos, widget->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, angle),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(widget, &event);
-}
-
-} // namespace
+#include <memory>
 
 class tst_VantoQtSpinBox : public QObject {
     Q_OBJECT
 
+private:
+    std::unique_ptr<QWidget> m_parent;
+    VantoQtSpinBox* m_box = nullptr; // owned by m_parent
+
 private Q_SLOTS:
+    // Every test starts from a box at 50 on 0..100, inside a parent as in an editor.
+    void init()
+    {
+        m_parent = std::make_unique<QWidget>();
+        m_box = new VantoQtSpinBox(m_parent.get());
+        m_box->setRange(0, 100);
+        m_box->setValue(50);
+    }
+    void cleanup() { m_parent.reset(); }
+
     void shouldStartWithAPageStepOfTen()
     {
         VantoQtSpinBox box;
@@ -70,151 +58,126 @@ private Q_SLOTS:
         QFETCH(int, key);
         QFETCH(int, expected);
 
-        VantoQtSpinBox box;
-        box.setRange(0, 1000);
-        box.setSingleStep(singleStep);
-        box.setPageStep(pageStep);
-        box.setValue(500);
-        QSignalSpy finished(&box, &VantoQtSpinBox::editingFinished);
+        m_box->setRange(0, 1000);
+        m_box->setSingleStep(singleStep);
+        m_box->setPageStep(pageStep);
+        m_box->setValue(500);
+        QSignalSpy finished(m_box, &VantoQtSpinBox::editingFinished);
 
-        QTest::keyClick(&box, Qt::Key(key));
+        QTest::keyClick(m_box, Qt::Key(key));
 
-        QCOMPARE(box.value(), expected);
+        QCOMPARE(m_box->value(), expected);
         QCOMPARE(finished.count(), 1);
     }
 
     void shouldFinishEditingOnEveryArrowStep()
     {
-        VantoQtSpinBox box;
-        box.setRange(0, 100);
-        box.setValue(50);
-        QSignalSpy finished(&box, &VantoQtSpinBox::editingFinished);
+        QSignalSpy finished(m_box, &VantoQtSpinBox::editingFinished);
 
-        QTest::keyClick(&box, Qt::Key_Up);
-        QCOMPARE(box.value(), 51);
+        QTest::keyClick(m_box, Qt::Key_Up);
+        QCOMPARE(m_box->value(), 51);
         QCOMPARE(finished.count(), 1);
 
-        QTest::keyClick(&box, Qt::Key_Down);
-        QTest::keyClick(&box, Qt::Key_Down);
-        QCOMPARE(box.value(), 49);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QCOMPARE(m_box->value(), 49);
         QCOMPARE(finished.count(), 3);
     }
 
     void shouldFinishEditingOnEveryWheelStep()
     {
-        VantoQtSpinBox box;
-        box.setRange(0, 100);
-        box.setSingleStep(3);
-        box.setValue(50);
-        QSignalSpy finished(&box, &VantoQtSpinBox::editingFinished);
+        m_box->setSingleStep(3);
+        QSignalSpy finished(m_box, &VantoQtSpinBox::editingFinished);
 
-        wheel(&box, 120);
-        QCOMPARE(box.value(), 53);
+        turnWheel(m_box, 120);
+        QCOMPARE(m_box->value(), 53);
         QCOMPARE(finished.count(), 1);
 
-        wheel(&box, -120);
-        wheel(&box, -120);
-        QCOMPARE(box.value(), 47);
+        turnWheel(m_box, -120);
+        turnWheel(m_box, -120);
+        QCOMPARE(m_box->value(), 47);
         QCOMPARE(finished.count(), 3);
     }
 
     void shouldStepByOneArrowStepAfterAPageKeyThatHitTheBound()
     {
         // Given a spin box at its maximum, where Page Up cannot step
-        VantoQtSpinBox box;
-        box.setRange(0, 100);
-        box.setPageStep(30);
-        box.setValue(100);
-        QTest::keyClick(&box, Qt::Key_PageUp);
-        QCOMPARE(box.value(), 100);
+        m_box->setPageStep(30);
+        m_box->setValue(100);
+        QTest::keyClick(m_box, Qt::Key_PageUp);
+        QCOMPARE(m_box->value(), 100);
 
         // When an arrow key follows
-        QTest::keyClick(&box, Qt::Key_Down);
+        QTest::keyClick(m_box, Qt::Key_Down);
 
         // Then it moves by one step, not by a page
-        QCOMPARE(box.value(), 99);
+        QCOMPARE(m_box->value(), 99);
     }
 
     void shouldStepPlainlyWhenCalledDirectly()
     {
-        VantoQtSpinBox box;
-        box.setRange(0, 100);
-        box.setPageStep(30);
-        box.setValue(10);
-        QSignalSpy finished(&box, &VantoQtSpinBox::editingFinished);
+        m_box->setPageStep(30);
+        m_box->setValue(10);
+        QSignalSpy finished(m_box, &VantoQtSpinBox::editingFinished);
 
-        box.stepBy(2);
+        m_box->stepBy(2);
 
-        QCOMPARE(box.value(), 12);
+        QCOMPARE(m_box->value(), 12);
         QCOMPARE(finished.count(), 1);
     }
 
     void shouldUndoTheTypedTextOnEscape()
     {
         // Given a spin box showing 500 in which the user typed another number
-        VantoQtSpinBox box;
-        box.setRange(0, 1000);
-        box.setValue(500);
-        QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(&box, "77");
-        QCOMPARE(box.text(), QStringLiteral("77"));
+        m_box->setRange(0, 1000);
+        m_box->setValue(500);
+        selectAllAndType(m_box, "77");
+        QCOMPARE(m_box->text(), QStringLiteral("77"));
 
         // When Escape is pressed
-        QTest::keyClick(&box, Qt::Key_Escape);
+        QTest::keyClick(m_box, Qt::Key_Escape);
 
         // Then the text and the value from before the typing are back
-        QCOMPARE(box.text(), QStringLiteral("500"));
-        QCOMPARE(box.value(), 500);
+        QCOMPARE(m_box->text(), QStringLiteral("500"));
+        QCOMPARE(m_box->value(), 500);
     }
 
     void shouldUndoEditsInSeveralPlacesOnEscape()
     {
-        VantoQtSpinBox box;
-        box.setRange(0, 100000);
-        box.setValue(500);
+        m_box->setRange(0, 100000);
+        m_box->setValue(500);
         // Typing at the end, then at the start: two separate undo steps of the line edit.
-        QTest::keyClick(&box, Qt::Key_End);
-        QTest::keyClicks(&box, "1");
-        QTest::keyClick(&box, Qt::Key_Home);
-        QTest::keyClicks(&box, "2");
-        QCOMPARE(box.text(), QStringLiteral("25001"));
+        QTest::keyClick(m_box, Qt::Key_End);
+        QTest::keyClicks(m_box, "1");
+        QTest::keyClick(m_box, Qt::Key_Home);
+        QTest::keyClicks(m_box, "2");
+        QCOMPARE(m_box->text(), QStringLiteral("25001"));
 
-        QTest::keyClick(&box, Qt::Key_Escape);
+        QTest::keyClick(m_box, Qt::Key_Escape);
 
-        QCOMPARE(box.text(), QStringLiteral("500"));
+        QCOMPARE(m_box->text(), QStringLiteral("500"));
     }
 
     void shouldKeepEscapeAndEnterFromItsParent()
     {
-        QWidget parent;
-        auto* box = new VantoQtSpinBox(&parent);
-        box->setRange(0, 100);
-        box->setValue(5);
-        KeyWatcher watcher;
-        parent.installEventFilter(&watcher);
+        m_box->setValue(5);
 
-        QTest::keyClick(box, Qt::Key_Escape);
-        QTest::keyClick(box, Qt::Key_Return);
-        QTest::keyClick(box, Qt::Key_Enter);
         // A key the spin box does not use still reaches the parent, so the watcher works.
-        QTest::keyClick(box, Qt::Key_F5);
-
-        QCOMPARE(watcher.keys, QList<int>{Qt::Key_F5});
+        QCOMPARE(keysReaching(m_parent.get(), m_box,
+                              {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_F5}),
+                 QList<int>{Qt::Key_F5});
     }
 
     void shouldFinishEditingOnEnter()
     {
-        VantoQtSpinBox box;
-        box.setRange(0, 100);
-        box.setValue(5);
-        QSignalSpy finished(&box, &VantoQtSpinBox::editingFinished);
-        QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(&box, "42");
+        m_box->setValue(5);
+        QSignalSpy finished(m_box, &VantoQtSpinBox::editingFinished);
+        selectAllAndType(m_box, "42");
 
-        QTest::keyClick(&box, Qt::Key_Enter);
+        QTest::keyClick(m_box, Qt::Key_Enter);
 
         QCOMPARE(finished.count(), 1);
-        QCOMPARE(box.value(), 42);
+        QCOMPARE(m_box->value(), 42);
     }
 };
 

@@ -3,6 +3,8 @@
 #include "featuretreeitem.h"
 #include "featuretreemodel.h"
 
+#include "internal/model/featuretablemodel.h"
+
 using namespace ParameterCollection;
 
 FeatureTreeProxyModel::FeatureTreeProxyModel(QObject* parent) : QSortFilterProxyModel(parent) {}
@@ -24,6 +26,21 @@ IFeatureTreeModelExtension* FeatureTreeProxyModel::source() const
 FeatureTreeModel* FeatureTreeProxyModel::getFeatureTreeModel() const
 {
     return qobject_cast<FeatureTreeModel*>(sourceModel());
+}
+
+Plugin::Nodescope::Internal::Model::CFeatureTableModel*
+FeatureTreeProxyModel::getFeatureTableModel() const
+{
+    return qobject_cast<Plugin::Nodescope::Internal::Model::CFeatureTableModel*>(sourceModel());
+}
+
+void FeatureTreeProxyModel::addParameterCollection(QList<QObject*> items, bool utf8Encoded)
+{
+    // No pass-through here: a handful of rows is judged as it arrives, so a category handed
+    // over with the features never shows, not even until the next re-filtering.
+    if (auto* table = getFeatureTableModel()) {
+        table->addParameterCollection(items, utf8Encoded);
+    }
 }
 
 void FeatureTreeProxyModel::addParameterCollection(QSharedPointer<IParameterCollection> collection,
@@ -325,7 +342,7 @@ QString FeatureTreeProxyModel::getParameterCollectionName(
     QSharedPointer<IParameterCollection> collection) const
 {
     IFeatureTreeModelExtension* s = source();
-    if (s && getFeatureTreeModel()) {
+    if (s && (getFeatureTreeModel() || getFeatureTableModel())) {
         return s->getParameterCollectionName(collection);
     }
     return QString();

@@ -9,6 +9,16 @@
 
 class FeatureTreeModel;
 
+namespace Plugin {
+namespace Nodescope {
+namespace Internal {
+namespace Model {
+class CFeatureTableModel;
+} // namespace Model
+} // namespace Internal
+} // namespace Nodescope
+} // namespace Plugin
+
 // Decides which rows a view shows, by visibility level, availability and an optional list of
 // parameters, and counts what the level hides. Sits over the feature tree or the feature table
 // and passes every model operation through, so callers can hold either.
@@ -21,7 +31,10 @@ public:
     void
     addParameterCollection(QSharedPointer<ParameterCollection::IParameterCollection> collection,
                            const QString& name, const QString& prefix, bool utf8Encoded);
+    // The feature table's rows: items of the tree model, handed over by the feature tree widget.
+    void addParameterCollection(QList<QObject*> items, bool utf8Encoded);
     FeatureTreeModel* getFeatureTreeModel() const;
+    Plugin::Nodescope::Internal::Model::CFeatureTableModel* getFeatureTableModel() const;
 
     int getVisibleMatchCount() const { return m_visibleMatches.size(); }
     int getInvisibleMatchCount() const { return m_invisibleMatches.size(); }

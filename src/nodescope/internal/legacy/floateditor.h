@@ -2,12 +2,12 @@
 
 #include "internal/legacy/abstractitemeditor.h"
 
-#include <QMetaObject>
 #include <QSharedPointer>
 #include <QString>
 #include <QWidget>
 
 class DoubleSpinBox;
+class FloatAliasFollower;
 
 // The value editor of a float feature without a slider representation: a spin box with the
 // feature's unit, notation, precision and range. Where the collection has a parameter named
@@ -17,7 +17,6 @@ class FloatEditor : public QWidget, public AbstractItemEditor {
     Q_OBJECT
 public:
     FloatEditor(QWidget* parent, QString aliasKey);
-    ~FloatEditor() override;
 
     void setEditorData(AbstractItemEditor::EditorData data) override;
     // The spin box's value. While an alias is followed, the feature's own current value
@@ -27,24 +26,18 @@ public:
     DoubleSpinBox* spinBox() const { return m_spinBox; }
     QString aliasKey() const { return m_aliasKey; }
     // The alias being followed; null when the feature is edited directly.
-    QSharedPointer<ParameterCollection::IParameter> alias() const { return m_alias; }
+    QSharedPointer<ParameterCollection::IParameter> alias() const;
 
 Q_SIGNALS:
     // The user changed the value; never emitted while data is loaded.
     void boxValueChanged(double value);
 
 private:
-    void follow(const QSharedPointer<ParameterCollection::IParameter>& alias);
     void load();
     void onSpinBoxValueChanged(double value);
-    void loadIfPending();
 
-    DoubleSpinBox* m_spinBox = nullptr; // a child of this widget
+    DoubleSpinBox* m_spinBox = nullptr;       // a child of this widget
+    FloatAliasFollower* m_follower = nullptr; // a child of this widget
     QString m_aliasKey;
-    AbstractItemEditor::EditorData m_data;
-    QSharedPointer<ParameterCollection::IParameter> m_alias;
-    QMetaObject::Connection m_aliasConnection;
     bool m_emit = true;
-    // Data arrived while the user was typing; it is shown once the typing ends.
-    bool m_pendingLoad = false;
 };

@@ -1,8 +1,7 @@
 #include "floatslidereditor.h"
 
-#include "internal/legacy/spinboxeventcatcher.h"
-
 #include "internal/legacy/doublespinbox.h"
+#include "internal/legacy/floataliasfollower.h"
 
 #include <QDebug>
 #include <QSlider>
@@ -16,112 +15,32 @@ FloatSliderEditor::FloatSliderEditor(QWidget* parent,
     : TwoModeDoubleComboSlider(parent), m_collection(std::move(collection))
 {
     connect(this, &DoubleComboSlider::valueChanged, this, &FloatSliderEditor::onValueChanged);
-    connect(spinBox(), &VantoQtDoubleSpinBox::editingFinished, this,
-            &FloatSliderEditor::loadIfPending);
-    connect(spinBox(), &VantoQtDoubleSpinBox::editingCancelled, this, &FloatSliderEditor::load);
-    // Leaving the box by any way (click elsewhere, Tab) shows what the device said meanwhile.
-    auto* focusCatcher = new SpinBoxEventCatcher(this);
-    spinBox()->installEventFilter(focusCatcher);
-    connect(focusCatcher, &SpinBoxEventCatcher::focusEvent, this, [this](bool focusIn) {
-        if (!focusIn) {
-            loadIfPending();
-        }
-    });
-}
-
-FloatSliderEditor::~FloatSliderEditor()
-{
-    follow({});
+    m_follower = new FloatAliasFollower(spinBox(), this);
+    connect(m_follower, &FloatAliasFollower::loadRequested, this, &FloatSliderEditor::load);
 }
 
 void FloatSliderEditor::setEditorData(AbstractItemEditor::EditorData data)
 {
-    QString name;
-    try {
-        name = data.parameter ? data.parameter->getName() : QString();
-        if (!qobject_cast<IFloatParameter*>(data.parameter.data())) {
-            qDebug().noquote() << name + QStringLiteral(" is called with non-float node????");
-            return;
-        }
-        m_parameter = data.parameter;
-        const QSharedPointer<IParameterCollection> collection =
-            m_collection ? m_collection : data.collection;
-        QSharedPointer<IParameter> alias;
-        if (collection) {
-            alias = collection->getParameter(name + QStringLiteral("/Alias"));
-        }
-        if (alias && !qobject_cast<IFloatParameter*>(alias.data())) {
-            qDebug().noquote() << alias->getName() +
-                                      QStringLiteral(" is called with non-float node????");
-            alias.reset();
-        }
-        follow(alias);
-    } catch (const std::exception& e) {
-        qDebug("Feature %s: no editor data: %s", qPrintable(name), e.what());
-        return;
-    } catch (...) {
-        qDebug("Feature %s: no editor data.", qPrintable(name));
-        return;
+    if (m_follower->setFeature(data.parameter, m_collection ? m_collection : data.collection)) {
+        load();
     }
-    load();
 }
 
 QVariant FloatSliderEditor::editorData()
 {
-    if (m_alias) {
-        try {
-            const auto data = m_parameter ? m_parameter->getParameterData() : nullptr;
-            return data ? data->value : QVariant();
-        } catch (...) {
-            return QVariant();
-        }
-    }
-    return QVariant(value());
+    return m_follower->editorData(value());
 }
 
-void FloatSliderEditor::follow(const QSharedPointer<IParameter>& alias)
+QSharedPointer<IParameter> FloatSliderEditor::alias() const
 {
-    if (alias == m_alias) {
-        return;
-    }
-    try {
-        if (m_alias) {
-            disconnect(m_aliasConnection);
-            m_alias->removeObserver();
-        }
-        m_alias = alias;
-        if (m_alias) {
-            // The view refreshes the feature, not its alias: the editor keeps up with the
-            // alias itself, and lets it be polled while shown.
-            m_aliasConnection = connect(m_alias.data(), &IParameter::parameterDataChanged, this,
-                                        &FloatSliderEditor::load);
-            m_alias->addObserver();
-        }
-    } catch (...) {
-        m_alias.reset();
-    }
+    return m_follower->alias();
 }
 
 void FloatSliderEditor::load()
 {
-    const QSharedPointer<IParameter> shown = m_alias ? m_alias : m_parameter;
-    if (!shown) {
-        return;
-    }
-    if (spinBox()->isEditing()) {
-        m_pendingLoad = true;
-        return;
-    }
-    m_pendingLoad = false;
-    QSharedPointer<const FloatParameterData> data;
     QString name;
-    try {
-        name = shown->getName();
-        data = shown->getParameterData().dynamicCast<const FloatParameterData>();
-    } catch (...) {
-        data.reset();
-    }
-    if (!data || data->type != FloatType) {
+    const QSharedPointer<const FloatParameterData> data = m_follower->dataToShow(&name);
+    if (!data) {
         return;
     }
     const QByteArray printable = name.toUtf8();
@@ -157,28 +76,11 @@ void FloatSliderEditor::load()
     setValue(value);
 }
 
-void FloatSliderEditor::loadIfPending()
-{
-    if (m_pendingLoad) {
-        load();
-    }
-}
-
 void FloatSliderEditor::onValueChanged(double value)
 {
-    if (m_alias) {
-        try {
-            m_alias->setValue(QVariant(value));
-        } catch (const std::exception& e) {
-            qDebug("Feature %s: the alias refused %g: %s", qPrintable(m_alias->getName()), value,
-                   e.what());
-            load();
-            return;
-        } catch (...) {
-            qDebug("Feature %s: the alias refused %g.", qPrintable(m_alias->getName()), value);
-            load();
-            return;
-        }
+    if (!m_follower->write(value)) {
+        load();
+        return;
     }
     Q_EMIT boxValueChanged(value);
 }

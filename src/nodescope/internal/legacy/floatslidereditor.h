@@ -3,8 +3,9 @@
 #include "internal/legacy/abstractitemeditor.h"
 #include "internal/legacy/twomodedoublecomboslider.h"
 
-#include <QMetaObject>
 #include <QSharedPointer>
+
+class FloatAliasFollower;
 
 // The value editor of a float feature with the "Linear" or "Logarithmic" representation: a
 // slider in that mode and a spin box. Where the collection has a parameter named after the
@@ -15,7 +16,6 @@ class FloatSliderEditor : public TwoModeDoubleComboSlider, public AbstractItemEd
 public:
     FloatSliderEditor(QWidget* parent,
                       QSharedPointer<ParameterCollection::IParameterCollection> collection);
-    ~FloatSliderEditor() override;
 
     void setEditorData(AbstractItemEditor::EditorData data) override;
     // The slider's value. While an alias is followed, the feature's own current value instead:
@@ -23,21 +23,16 @@ public:
     QVariant editorData() override;
 
     // The alias being followed; null when the feature is edited directly.
-    QSharedPointer<ParameterCollection::IParameter> alias() const { return m_alias; }
+    QSharedPointer<ParameterCollection::IParameter> alias() const;
 
 Q_SIGNALS:
     // The user changed the value; never emitted while data is loaded.
     void boxValueChanged(double value);
 
 private:
-    void follow(const QSharedPointer<ParameterCollection::IParameter>& alias);
     void load();
-    void loadIfPending();
     void onValueChanged(double value);
 
     QSharedPointer<ParameterCollection::IParameterCollection> m_collection;
-    QSharedPointer<ParameterCollection::IParameter> m_parameter;
-    QSharedPointer<ParameterCollection::IParameter> m_alias;
-    QMetaObject::Connection m_aliasConnection;
-    bool m_pendingLoad = false;
+    FloatAliasFollower* m_follower = nullptr; // a child of this widget
 };

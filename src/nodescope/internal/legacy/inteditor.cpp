@@ -1,6 +1,7 @@
 #include "inteditor.h"
 
 #include "hexvalidator.h"
+#include "integereditordata.h"
 #include "trimtoint32.h"
 
 #include <QIntValidator>
@@ -78,15 +79,9 @@ IntEditor::IntEditor(QWidget* parent) : QLineEdit(parent)
 void IntEditor::setEditorData(AbstractItemEditor::EditorData data)
 {
     try {
-        IParameter* parameter = data.parameter.data();
-        if (!qobject_cast<IIntegerParameter*>(parameter)) {
-            const QByteArray name = parameter ? parameter->getName().toUtf8() : QByteArray();
-            qDebug("%s is called with non-integer node????", name.constData());
-            return;
-        }
-        const QSharedPointer<const ParameterData> snapshot = parameter->getParameterData();
-        const auto* integer = dynamic_cast<const IntegerParameterData*>(snapshot.data());
-        if (!integer || integer->type != IntegerType) {
+        const QSharedPointer<const IntegerParameterData> integer =
+            integerEditorData(data.parameter.data());
+        if (!integer) {
             return;
         }
         const QString& representation = integer->representation;

@@ -1,5 +1,6 @@
 #include "intslidereditor.h"
 
+#include "integereditordata.h"
 #include "trimtoint32.h"
 
 #include <QSlider>
@@ -18,14 +19,8 @@ void IntSliderEditor::setEditorData(AbstractItemEditor::EditorData data)
 {
     try {
         IParameter* parameter = data.parameter.data();
-        if (!qobject_cast<IIntegerParameter*>(parameter)) {
-            const QByteArray name = parameter ? parameter->getName().toUtf8() : QByteArray();
-            qDebug("%s is called with non-integer node????", name.constData());
-            return;
-        }
-        const QSharedPointer<const ParameterData> snapshot = parameter->getParameterData();
-        const auto* integer = dynamic_cast<const IntegerParameterData*>(snapshot.data());
-        if (!integer || integer->type != IntegerType) {
+        const QSharedPointer<const IntegerParameterData> integer = integerEditorData(parameter);
+        if (!integer) {
             return;
         }
         const QByteArray name = parameter->getName().toUtf8();
