@@ -30,6 +30,82 @@
 
 using namespace ParameterCollection;
 
+// The built-in simulated camera's whole tree in a view with the delegate, at Guru level.
+struct BuiltinTree {
+    std::unique_ptr<SimulatedCamera> camera = openSimulatedCamera();
+    FeatureTreeModel model;
+    FeatureTreeProxyModel proxy;
+    FeatureTreeHighlighter highlighter;
+    QTreeView view;
+    FeatureTreeDelegate* delegate = new FeatureTreeDelegate(&view, &proxy, &highlighter);
+
+    BuiltinTree()
+    {
+        proxy.setSourceModel(&model);
+        proxy.addParameterCollection(camera->collection, QStringLiteral("Camera"),
+                                     QStringLiteral("@CameraDevice"), false);
+        view.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+        view.setItemDelegate(delegate);
+        view.setModel(&proxy);
+        view.expandAll();
+        view.resize(600, 900);
+        view.show();
+        QTest::qWaitForWindowExposed(&view);
+    }
+    QSharedPointer<IParameter> parameter(const QString& feature) const
+    {
+        return camera->collection->getParameter(QStringLiteral("@CameraDevice/") + feature);
+    }
+    QModelIndex index(const QString& feature) const
+    {
+        return proxy.findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr, 1);
+    }
+    QVariant value(const QString& feature) const
+    {
+        QCoreApplication::processEvents();
+        static_cast<Backend::DeviceParameterCollection*>(camera->collection.data())
+            ->waitForDevice();
+        return parameter(feature)->getParameterData()->value;
+    }
+    template <class Editor> Editor* openPersistent(const QString& feature)
+    {
+        const QModelIndex i = index(feature);
+        view.scrollTo(i);
+        view.openPersistentEditor(i);
+        return qobject_cast<Editor*>(view.indexWidget(i));
+    }
+    QWidget* startEditing(const QString& feature)
+    {
+        const QModelIndex i = index(feature);
+        view.scrollTo(i);
+        view.setCurrentIndex(i);
+        view.edit(i);
+        return view.indexWidget(i);
+    }
+    int writes() const
+    {
+        int count = 0;
+        static_cast<Backend::DeviceParameterCollection*>(camera->collection.data())
+            ->runOnDeviceThread([&count](Backend::DeviceWorker& worker) {
+                count = worker.simulatedDevice(0)->writeCount();
+            });
+        return count;
+    }
+    // The value cells of every feature row, in tree order.
+    QModelIndexList featureValues(const QModelIndex& parent = QModelIndex()) const
+    {
+        QModelIndexList values;
+        for (int row = 0; row < proxy.rowCount(parent); ++row) {
+            const QModelIndex name = proxy.index(row, 0, parent);
+            if (!name.data(FeatureTreeItem::IsCategoryRole).toBool()) {
+                values << proxy.index(row, 1, parent);
+            }
+            values << featureValues(name);
+        }
+        return values;
+    }
+};
+
 // The delegate on a real tree: a view over the proxy over the model of a simulated camera.
 class tst_FeatureTreeDelegate : public QObject, private EditorFixture {
     Q_OBJECT
@@ -450,6 +526,137 @@ private Q_SLOTS:
         }
         QCOMPARE(markedLeft, 0);
         QVERIFY(markedRight > 20);
+    }
+
+    // The whole built-in camera, as a user sees it: every writable feature gets the editor of
+    // its kind, and each kind can be edited through the view.
+    void shouldOfferTheEditorOfItsKindForEveryWritableFeatureOfTheBuiltinCamera()
+    {
+        BuiltinTree camera;
+        const QMap<int, QString> classes{
+            {FeatureTreeItem::IntEditorType, QStringLiteral("IntEditor")},
+            {FeatureTreeItem::IntSliderEditorType, QStringLiteral("IntSliderEditor")},
+            {FeatureTreeItem::FloatEditorType, QStringLiteral("FloatEditor")},
+            {FeatureTreeItem::FloatSliderEditorType, QStringLiteral("FloatSliderEditor")},
+            {FeatureTreeItem::EnumEditorType, QStringLiteral("EnumEditor")},
+            {FeatureTreeItem::BoolEditorType, QStringLiteral("CheckBoxEditor")},
+            {FeatureTreeItem::StringEditorType, QStringLiteral("QExpandingLineEdit")},
+            {FeatureTreeItem::CommandEditorType, QStringLiteral("ToolButtonEditor")}};
+        QMap<int, int> editorsOfType;
+        QStyleOptionViewItem option;
+        for (const QModelIndex& value : camera.featureValues()) {
+            auto* item =
+                dynamic_cast<FeatureTreeINodeItem*>(camera.proxy.getFeatureTreeItem(value));
+            QVERIFY(item);
+            if (item->getAccessMode() < GenApi::WO) {
+                continue;
+            }
+            std::unique_ptr<QWidget> editor(
+                camera.delegate->createEditor(camera.view.viewport(), option, value));
+            QVERIFY2(editor, qPrintable(item->getFullName()));
+            QCOMPARE(QString::fromLatin1(editor->metaObject()->className()),
+                     classes.value(item->editorType()));
+            ++editorsOfType[item->editorType()];
+        }
+        for (auto it = classes.cbegin(); it != classes.cend(); ++it) {
+            QVERIFY2(editorsOfType.value(it.key()) > 0, qPrintable(it.value()));
+        }
+    }
+
+    void shouldStepALinearIntegerOfTheBuiltinCamera()
+    {
+        BuiltinTree camera;
+        auto* editor = camera.openPersistent<IntSliderEditor>(QStringLiteral("Width"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QSpinBox*>();
+        const qint64 before = camera.value(QStringLiteral("Width")).toLongLong();
+        const auto data = camera.parameter(QStringLiteral("Width"))
+                              ->getParameterData()
+                              .dynamicCast<const IntegerParameterData>();
+        spinBox->setFocus();
+        QTest::keyClick(spinBox, Qt::Key_Down);
+        QCOMPARE(camera.value(QStringLiteral("Width")).toLongLong(), before - data->increment);
+    }
+
+    void shouldTypeALogarithmicFloatOfTheBuiltinCamera()
+    {
+        BuiltinTree camera;
+        auto* editor = camera.openPersistent<FloatSliderEditor>(QStringLiteral("ExposureTime"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QDoubleSpinBox*>();
+        QVERIFY(spinBox->suffix().contains(QStringLiteral("µs")));
+        spinBox->setFocus();
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("2500"));
+        // Nothing reaches the camera while typing; Enter sends it
+        QVERIFY(camera.value(QStringLiteral("ExposureTime")).toDouble() != 2500.0);
+        QTest::keyClick(spinBox, Qt::Key_Return);
+        QCOMPARE(camera.value(QStringLiteral("ExposureTime")).toDouble(), 2500.0);
+    }
+
+    void shouldPickAnEntryOfABuiltinEnumeration()
+    {
+        BuiltinTree camera;
+        auto* editor = camera.openPersistent<EnumEditor>(QStringLiteral("PixelFormat"));
+        QVERIFY(editor);
+        const QString before = camera.value(QStringLiteral("PixelFormat")).toString();
+        editor->setFocus();
+        QTest::keyClick(editor, editor->currentIndex() > 0 ? Qt::Key_Up : Qt::Key_Down);
+        const QString after = camera.value(QStringLiteral("PixelFormat")).toString();
+        QVERIFY(after != before);
+        QCOMPARE(editor->currentData(Qt::UserRole).toString(), after);
+    }
+
+    void shouldToggleABuiltinBoolean()
+    {
+        BuiltinTree camera;
+        auto* editor = camera.openPersistent<CheckBoxEditor>(QStringLiteral("ReverseX"));
+        QVERIFY(editor);
+        const bool before = camera.value(QStringLiteral("ReverseX")).toBool();
+        QTest::keyClick(editor, Qt::Key_Space);
+        QCOMPARE(camera.value(QStringLiteral("ReverseX")).toBool(), !before);
+    }
+
+    void shouldTypeABuiltinString()
+    {
+        BuiltinTree camera;
+        auto* editor =
+            qobject_cast<QLineEdit*>(camera.startEditing(QStringLiteral("DeviceUserID")));
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("Line 3 left"));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(camera.value(QStringLiteral("DeviceUserID")).toString(),
+                 QStringLiteral("Line 3 left"));
+    }
+
+    void shouldExecuteABuiltinCommandAndSeeItDone()
+    {
+        BuiltinTree camera;
+        auto* editor = camera.openPersistent<ToolButtonEditor>(QStringLiteral("AcquisitionStart"));
+        QVERIFY(editor);
+        QVERIFY(editor->isEnabled());
+        const int writesBefore = camera.writes();
+        QTest::mouseClick(editor, Qt::LeftButton, {}, editor->rect().center());
+        const auto command = camera.parameter(QStringLiteral("AcquisitionStart"));
+        // The device reports the command done after a few reads; the button comes back then
+        QTRY_VERIFY(command->getParameterData().dynamicCast<const CommandParameterData>()->done);
+        QTRY_VERIFY(editor->isEnabled());
+        QTRY_VERIFY(!editor->isChecked());
+        // and the command reached the camera once
+        QCOMPARE(camera.writes() - writesBefore, 1);
+    }
+
+    void shouldWriteA64BitIntegerBeyondThe32BitRange()
+    {
+        BuiltinTree camera;
+        auto* editor =
+            qobject_cast<IntEditor*>(camera.startEditing(QStringLiteral("VntTestAddress40")));
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("0xFF00000001"));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(camera.value(QStringLiteral("VntTestAddress40")).toLongLong(), 0xFF00000001LL);
     }
 };
 
