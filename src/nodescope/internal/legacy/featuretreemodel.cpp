@@ -225,13 +225,16 @@ void FeatureTreeModel::addParameterCollection(QSharedPointer<IParameterCollectio
         item->setIsFullRowItem(true);
         item->setIsSpecialNode(false);
 
+        // The whole node map is built before anyone can see it: rows that appeared later, from
+        // inside a view's or a proxy's rowCount(), would reach them while they build their own
+        // mappings of that very parent (Qt's proxy then loses one of them).
+        m_buildingDetached = true;
+        loadSubtree(item);
+        m_buildingDetached = false;
         Q_EMIT layoutAboutToBeChanged();
         m_rootItem->appendChild(item);
         Q_EMIT layoutChanged();
         item->childCount();
-        // The deeper levels too, now: rows that appeared later, from inside a view's or a
-        // proxy's rowCount(), would reach them while they are building their own mappings.
-        loadSubtree(item);
 
         m_nodemapList.append({collection, prefix});
         refreshSpecialItems();
@@ -268,6 +271,12 @@ void FeatureTreeModel::addChildren(FeatureTreeINodeItem* parentItem,
         return;
     }
     m_treeChangedSinceSearch = true;
+    if (m_buildingDetached) {
+        for (FeatureTreeItem* item : qAsConst(created)) {
+            parentItem->FeatureTreeItem::appendChild(item);
+        }
+        return;
+    }
     const int first = parentItem->FeatureTreeItem::childCount();
     beginInsertRows(indexForItem(parentItem, 0), first, first + created.size() - 1);
     for (FeatureTreeItem* item : qAsConst(created)) {

@@ -122,5 +122,6 @@ private:
     QString m_searchText;
     bool m_searchNarrowing = false;
     bool m_treeChangedSinceSearch = true;
+    bool m_buildingDetached = false; // a node map not yet in the tree: no row signals
     FeatureTreeHighlighter* m_highlighter = nullptr; // not owned
 };

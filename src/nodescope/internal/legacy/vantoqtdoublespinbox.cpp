@@ -97,3 +97,13 @@ void VantoQtDoubleSpinBox::focusOutEvent(QFocusEvent* event)
     lineEdit()->setModified(false);
     QDoubleSpinBox::focusOutEvent(event);
 }
+
+void VantoQtDoubleSpinBox::showEvent(QShowEvent* event)
+{
+    QDoubleSpinBox::showEvent(event);
+    // A view selects all of a spin box editor's text when it creates the editor, focus or not;
+    // in a tree full of open editors that would paint a selection in every row.
+    if (!hasFocus()) {
+        lineEdit()->deselect();
+    }
+}

@@ -58,3 +58,13 @@ void VantoQtSpinBox::stepBy(int steps)
     QSpinBox::stepBy(steps);
     Q_EMIT editingFinished();
 }
+
+void VantoQtSpinBox::showEvent(QShowEvent* event)
+{
+    QSpinBox::showEvent(event);
+    // A view selects all of a spin box editor's text when it creates the editor, focus or not;
+    // in a tree full of open editors that would paint a selection in every row.
+    if (!hasFocus()) {
+        lineEdit()->deselect();
+    }
+}

@@ -20,6 +20,7 @@ public:
     void stepBy(int steps) override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

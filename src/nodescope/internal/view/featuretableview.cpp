@@ -8,6 +8,7 @@
 
 #include <QDragMoveEvent>
 #include <QDropEvent>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QPalette>
 
@@ -36,6 +37,11 @@ CFeatureTableView::CFeatureTableView(QWidget* parent)
     setEditTriggers(QAbstractItemView::AllEditTriggers);
     setShowGrid(false);
     verticalHeader()->hide();
+    // Rows as high as the tree's, one line each: long names elide as they do in the tree.
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideRight);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(QFontMetrics(smallFont).height() + 8);
     horizontalHeader()->setStretchLastSection(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
 
