@@ -1,5 +1,7 @@
 #include "featuretablemodel.h"
 
+#include "nodescopeconstants.h"
+
 #include "internal/legacy/featuretreeinodeitem.h"
 #include "internal/legacy/featuretreeitem.h"
 #include "internal/legacy/searchmatcher.h"
@@ -193,6 +195,10 @@ QMimeData* CFeatureTableModel::mimeData(const QModelIndexList& indexes) const
     }
     if (FeatureTreeINodeItem* item = itemAt(indexes.first())) {
         mime->setData(QLatin1String(kTextPlain), item->getFullName().toUtf8());
+        if (!m_dragSourceName.isEmpty()) {
+            mime->setData(QLatin1String(Plugin::Nodescope::Constants::DRAG_SOURCE_MIME_TYPE),
+                          m_dragSourceName.toUtf8());
+        }
     }
     return mime;
 }

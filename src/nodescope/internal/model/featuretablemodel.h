@@ -35,6 +35,8 @@ public:
                         int role = Qt::DisplayRole) const override;
     Qt::DropActions supportedDropActions() const override;
     QStringList mimeTypes() const override;
+    // Drags name their source, the view's object name, next to the feature's full name.
+    void setDragSourceName(const QString& name) { m_dragSourceName = name; }
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
     bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                          const QModelIndex& parent) const override;
@@ -102,6 +104,7 @@ Q_SIGNALS:
     void writeRefused(const QString& fullName, const QString& message);
 
 private:
+    QString m_dragSourceName;
     FeatureTreeINodeItem* itemAt(int row) const;
     FeatureTreeINodeItem* itemAt(const QModelIndex& index) const;
     int rowOf(const QObject* item) const;

@@ -1,5 +1,7 @@
 #include "featureoptionsmenu.h"
 
+#include "nodescopeconstants.h"
+
 #include "displaynamecache.h"
 
 #include <QMetaMethod>
@@ -12,8 +14,8 @@ namespace View {
 
 using ParameterCollection::ParameterName;
 
-const char* const CFeatureOptionsMenu::TABLE_VIEW_OBJECT_NAME = "nodescopeTableView";
-const char* const CFeatureOptionsMenu::DRAG_SOURCE_MIME_TYPE = "application/x-nodescope-source";
+const char* const CFeatureOptionsMenu::TABLE_VIEW_OBJECT_NAME = Constants::TABLE_VIEW_OBJECT_NAME;
+const char* const CFeatureOptionsMenu::DRAG_SOURCE_MIME_TYPE = Constants::DRAG_SOURCE_MIME_TYPE;
 
 CFeatureOptionsMenu::CFeatureOptionsMenu(QQuickItem* parent)
     : QQuickItem(parent), m_featureLists(SUPPORTED_USER_TAB_COUNT),

@@ -46,6 +46,12 @@ CFeatureTableView::CFeatureTableView(QWidget* parent)
     setContextMenuPolicy(Qt::CustomContextMenu);
 
     createModel();
+    // The form names the view after construction; its drags carry the name.
+    connect(this, &QObject::objectNameChanged, this, [this](const QString& name) {
+        if (auto* model = getFeatureTableModel()) {
+            model->setDragSourceName(name);
+        }
+    });
     setIsConnectedToTreeView(m_isConnectedToTreeView);
     connect(this, &QWidget::customContextMenuRequested, this,
             &CFeatureTableView::onCustomContextMenuRequested);
