@@ -561,19 +561,23 @@ private Q_SLOTS:
     {
         // Given the table as the feature tree widget's form names it
         show({QStringLiteral("IntPlain"), QStringLiteral("FloatPlain")});
-        m_view->setObjectName(QString::fromLatin1(CFeatureOptionsMenu::TABLE_VIEW_OBJECT_NAME));
+        m_view->setObjectName(QString::fromLatin1(
+            Plugin::Nodescope::Internal::View::CFeatureOptionsMenu::TABLE_VIEW_OBJECT_NAME));
         // When a row is dragged
         std::unique_ptr<QMimeData> data(model()->mimeData({model()->index(1, 0)}));
         // Then the drag carries the feature's full name and names the table as its source,
         // which is what the options menu's drop area accepts
         QCOMPARE(data->text(), fullName(QStringLiteral("FloatPlain")));
-        QCOMPARE(data->data(QString::fromLatin1(CFeatureOptionsMenu::DRAG_SOURCE_MIME_TYPE)),
-                 QByteArray(CFeatureOptionsMenu::TABLE_VIEW_OBJECT_NAME));
+        QCOMPARE(
+            data->data(QString::fromLatin1(
+                Plugin::Nodescope::Internal::View::CFeatureOptionsMenu::DRAG_SOURCE_MIME_TYPE)),
+            QByteArray(
+                Plugin::Nodescope::Internal::View::CFeatureOptionsMenu::TABLE_VIEW_OBJECT_NAME));
         // while an unnamed table's drags name no source
         m_view->setObjectName(QString());
         std::unique_ptr<QMimeData> anonymous(model()->mimeData({model()->index(0, 0)}));
-        QVERIFY(
-            !anonymous->hasFormat(QString::fromLatin1(CFeatureOptionsMenu::DRAG_SOURCE_MIME_TYPE)));
+        QVERIFY(!anonymous->hasFormat(QString::fromLatin1(
+            Plugin::Nodescope::Internal::View::CFeatureOptionsMenu::DRAG_SOURCE_MIME_TYPE)));
     }
 };
 
