@@ -385,3 +385,26 @@ inline QList<int> keysReaching(QObject* watched, QWidget* target,
     }
     return watcher.keys;
 }
+
+// Views select all of a spin box editor's text when they create it, before showing it, focus
+// or not. Shown without the focus, the box must paint no selection; a selection made
+// afterwards, for typing, stays.
+template <class Box> void checkNoSelectionWhenShownWithoutFocus()
+{
+    auto parent = std::make_unique<QWidget>();
+    // The focus is elsewhere, as in a tree whose rows hold editors
+    auto* elsewhere = new QLineEdit(parent.get());
+    elsewhere->setFocus();
+    auto* box = new Box(parent.get());
+    box->move(0, 40);
+    box->setValue(5);
+    box->selectAll();
+    auto* edit = box->template findChild<QLineEdit*>();
+    QVERIFY(edit->hasSelectedText());
+    parent->show();
+    QVERIFY(QTest::qWaitForWindowExposed(parent.get()));
+    QVERIFY(!box->hasFocus());
+    QVERIFY(!edit->hasSelectedText());
+    box->selectAll();
+    QVERIFY(edit->hasSelectedText());
+}

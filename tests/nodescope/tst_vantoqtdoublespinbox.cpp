@@ -209,25 +209,7 @@ private Q_SLOTS:
 
     void shouldShowNoSelectionWhenShownWithoutFocus()
     {
-        // Given a box whose text a view selected while creating it, before showing it
-        auto parent = std::make_unique<QWidget>();
-        // The focus is elsewhere, as in a tree whose rows hold editors
-        auto* elsewhere = new QLineEdit(parent.get());
-        elsewhere->setFocus();
-        auto* box = new VantoQtDoubleSpinBox(parent.get());
-        box->move(0, 40);
-        box->setValue(5);
-        box->selectAll();
-        auto* edit = box->findChild<QLineEdit*>();
-        QVERIFY(edit->hasSelectedText());
-        // When it is shown without the focus, no selection is painted
-        parent->show();
-        QVERIFY(QTest::qWaitForWindowExposed(parent.get()));
-        QVERIFY(!box->hasFocus());
-        QVERIFY(!edit->hasSelectedText());
-        // while a selection made afterwards, for typing, stays
-        box->selectAll();
-        QVERIFY(edit->hasSelectedText());
+        checkNoSelectionWhenShownWithoutFocus<VantoQtDoubleSpinBox>();
     }
 };
 

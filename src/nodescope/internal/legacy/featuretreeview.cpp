@@ -1,5 +1,7 @@
 #include "featuretreeview.h"
 
+#include "featureviewlook.h"
+
 #include "featuretreedelegate.h"
 #include "featuretreehighlighter.h"
 #include "featuretreeitem.h"
@@ -22,15 +24,7 @@ FeatureTreeView::FeatureTreeView(QWidget* parent) : QTreeView(parent)
 {
     createModel();
 
-    QFont viewFont = font();
-    viewFont.setPointSize(8);
-    setFont(viewFont);
-
-    // Rows of features that cannot be changed keep the normal background; only the text greys.
-    QPalette viewPalette = palette();
-    viewPalette.setBrush(QPalette::Disabled, QPalette::Base,
-                         viewPalette.brush(QPalette::Active, QPalette::Base));
-    setPalette(viewPalette);
+    applyFeatureViewLook(this);
 
     // Without it Qt never asks for the menu the widget builds.
     setContextMenuPolicy(Qt::CustomContextMenu);

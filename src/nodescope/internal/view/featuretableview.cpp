@@ -1,5 +1,7 @@
 #include "featuretableview.h"
 
+#include "internal/legacy/featureviewlook.h"
+
 #include "internal/legacy/featuretreedelegate.h"
 #include "internal/legacy/featuretreehighlighter.h"
 #include "internal/legacy/featuretreeinodeitem.h"
@@ -22,14 +24,7 @@ using Model::CFeatureTableModel;
 CFeatureTableView::CFeatureTableView(QWidget* parent)
     : QTableView(parent), m_highlighter(std::make_unique<FeatureTreeHighlighter>())
 {
-    QFont smallFont = font();
-    smallFont.setPointSize(8);
-    setFont(smallFont);
-    // Rows of features that cannot be changed are drawn disabled; they keep the background.
-    QPalette colours = palette();
-    colours.setBrush(QPalette::Disabled, QPalette::Base,
-                     colours.brush(QPalette::Active, QPalette::Base));
-    setPalette(colours);
+    applyFeatureViewLook(this);
 
     // The feature tab look; the feature tree widget sets the same again.
     setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -41,7 +36,7 @@ CFeatureTableView::CFeatureTableView(QWidget* parent)
     setWordWrap(false);
     setTextElideMode(Qt::ElideRight);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(QFontMetrics(smallFont).height() + 8);
+    verticalHeader()->setDefaultSectionSize(QFontMetrics(font()).height() + 8);
     horizontalHeader()->setStretchLastSection(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
 
