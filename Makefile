@@ -5,7 +5,7 @@ BUILD_DIR ?= build
 BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc)
 
-.PHONY: all setup configure build run test sanitize bench clean
+.PHONY: all setup configure build run test sanitize bench fuzz clean
 
 all: build
 
@@ -35,8 +35,25 @@ sanitize: setup
 	    LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
 	    ctest --output-on-failure -j $(JOBS)
 
+# Every fuzz target for FUZZ_SECONDS each, from the seeds in fuzz/corpus; new inputs stay in
+# build-fuzz/corpus.
+FUZZ_SECONDS ?= 30
+fuzz: setup
+	@cmake -S . -B build-fuzz -DNODESCOPE_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DBUILD_TESTING=OFF
+	@cmake --build build-fuzz -j $(JOBS) --target fuzz_displaynamecache fuzz_nodemapfilter fuzz_genicamxml
+	@mkdir -p build-fuzz/corpus/displaynamecache build-fuzz/corpus/nodemapfilter build-fuzz/corpus/genicamxml
+	@cp fuzz/corpus/displaynamecache/* build-fuzz/corpus/displaynamecache/
+	@cp fuzz/corpus/nodemapfilter/* build-fuzz/corpus/nodemapfilter/
+	@cp tests/backend/data/*.xml tests/nodescope/data/*.xml build-fuzz/corpus/genicamxml/
+	@for t in displaynamecache nodemapfilter genicamxml; do \
+	    echo "== fuzz_$$t"; \
+	    QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 build-fuzz/fuzz/fuzz_$$t \
+	        -max_total_time=$(FUZZ_SECONDS) -max_len=65536 build-fuzz/corpus/$$t || exit 1; \
+	done
+
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; $$b || exit 1; done
 
 clean:
-	rm -rf $(BUILD_DIR) build-sanitize
+	rm -rf $(BUILD_DIR) build-sanitize build-fuzz

@@ -63,6 +63,7 @@ public:
     }
     QString getProperty(const QString& name) const override { return m_handle.property(name); }
     QMap<QString, QString> getProperties() const override { return m_handle.properties(); }
+    using Interface::setValue;
     void setValue(const QVariant& value) override { m_handle.write(value); }
     ParameterCollection::IAdvancedParameterAccess* getAdvancedParameterAccess() override
     {

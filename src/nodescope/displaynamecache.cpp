@@ -24,22 +24,37 @@ void CDisplayNameCache::init()
     const QString stored = settings.value(QLatin1String(kKey)).toString();
     settings.endGroup();
 
-    m_map.clear();
+    m_map = parse(stored);
+}
+
+QMap<QString, QString> CDisplayNameCache::parse(const QString& stored)
+{
+    QMap<QString, QString> map;
     const QStringList records = stored.split(QLatin1Char(';'), Qt::KeepEmptyParts);
     for (const QString& record : records) {
         const QStringList pieces = record.split(QLatin1Char(':'), Qt::KeepEmptyParts);
         // The store has no escaping, so anything but exactly name:displayName is damage.
         if (pieces.size() == 2) {
-            m_map.insert(pieces.at(0), pieces.at(1));
+            map.insert(pieces.at(0), pieces.at(1));
         }
     }
+    return map;
 }
 
 void CDisplayNameCache::persist()
 {
     QMutexLocker lock(&m_mutex);
+    const QString value = serialize(m_map);
+    QSettings settings;
+    settings.beginGroup(QLatin1String(kGroup));
+    settings.setValue(QLatin1String(kKey), value);
+    settings.endGroup();
+}
+
+QString CDisplayNameCache::serialize(const QMap<QString, QString>& map)
+{
     QString value;
-    for (auto it = m_map.cbegin(); it != m_map.cend(); ++it) {
+    for (auto it = map.cbegin(); it != map.cend(); ++it) {
         const auto separatorIn = [](const QString& text) {
             return text.contains(QLatin1Char(':')) || text.contains(QLatin1Char(';'));
         };
@@ -48,10 +63,7 @@ void CDisplayNameCache::persist()
         }
         value += QStringLiteral("%1:%2;").arg(it.key(), it.value());
     }
-    QSettings settings;
-    settings.beginGroup(QLatin1String(kGroup));
-    settings.setValue(QLatin1String(kKey), value);
-    settings.endGroup();
+    return value;
 }
 
 QString CDisplayNameCache::getDisplayName(const QString& name)

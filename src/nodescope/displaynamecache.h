@@ -20,6 +20,11 @@ public:
     static QString getDisplayName(const QString& name);
     static void cacheDisplayName(const QString& name, const QString& displayName);
 
+    // The stored form, "name:display name;" per entry, both ways. Entries that the form cannot
+    // hold (a ":" or ";" in either text) are left out.
+    static QMap<QString, QString> parse(const QString& stored);
+    static QString serialize(const QMap<QString, QString>& map);
+
 private:
     static QMap<QString, QString> m_map;
     static QMutex m_mutex;

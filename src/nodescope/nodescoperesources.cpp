@@ -8,6 +8,7 @@ static void registerResources()
     Q_INIT_RESOURCE(nodescope);
     Q_INIT_RESOURCE(vantoviewercomponents);
     Q_INIT_RESOURCE(qml);
+    Q_INIT_RESOURCE(nodescope_translations);
 }
 
 namespace Plugin {

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void init();
 
     void shouldIgnoreStoredRecordsWithoutExactlyOneColon();
+    void shouldParseWhatItSerializesWithoutTheEntriesItCannotHold();
     void shouldServeButNotSaveDisplayNameWithColon();
     void shouldYieldEmptyMapFromEmptyStore();
     void shouldWriteEmptyStringWhenSavingEmptyMap();
@@ -261,6 +262,21 @@ void tst_DisplayNameCache::shouldKeepEveryNameCachedFromManyThreads()
     QCOMPARE(records.first(), QStringLiteral("F0_000:f0_000"));
     QCOMPARE(records.last(), QStringLiteral("F3_499:f3_499"));
     QCOMPARE(CDisplayNameCache::getDisplayName(QStringLiteral("F2_123")), QStringLiteral("f2_123"));
+}
+
+void tst_DisplayNameCache::shouldParseWhatItSerializesWithoutTheEntriesItCannotHold()
+{
+    const QMap<QString, QString> map{
+        {QStringLiteral("Gain"), QStringLiteral("Gain")},
+        {QStringLiteral("Ratio"), QStringLiteral("Ratio: Gain")},
+        {QStringLiteral("A;B"), QStringLiteral("x")},
+        {QStringLiteral("ExposureTime"), QStringLiteral("Exposure Time")}};
+    const QString written = CDisplayNameCache::serialize(map);
+    QCOMPARE(written, QStringLiteral("ExposureTime:Exposure Time;Gain:Gain;"));
+    const QMap<QString, QString> expected{
+        {QStringLiteral("ExposureTime"), QStringLiteral("Exposure Time")},
+        {QStringLiteral("Gain"), QStringLiteral("Gain")}};
+    QCOMPARE(CDisplayNameCache::parse(written), expected);
 }
 
 QTEST_GUILESS_MAIN(tst_DisplayNameCache)

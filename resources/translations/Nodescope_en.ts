@@ -1,0 +1,279 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en_US">
+<context>
+    <name>ComboSlider</name>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>Range: %1..%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>Range: %1..%2 (Increment: %3)</translation>
+    </message>
+</context>
+<context>
+    <name>DoubleSpinBox</name>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>Range: %1..%2 (Increment: %3)</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>Range: %1..%2</translation>
+    </message>
+</context>
+<context>
+    <name>EditTabName</name>
+    <message>
+        <source>Enter a name for tab %1</source>
+        <translation>Enter a name for tab %1</translation>
+    </message>
+    <message>
+        <source>Remove this tab</source>
+        <translation>Remove this tab</translation>
+    </message>
+</context>
+<context>
+    <name>Feature</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>Remove %1</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeINodeItem</name>
+    <message>
+        <source>Integer</source>
+        <translation>Integer</translation>
+    </message>
+    <message>
+        <source>Boolean</source>
+        <translation>Boolean</translation>
+    </message>
+    <message>
+        <source>Float</source>
+        <translation>Float</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Command</translation>
+    </message>
+    <message>
+        <source>String</source>
+        <translation>String</translation>
+    </message>
+    <message>
+        <source>Enumeration</source>
+        <translation>Enumeration</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Category</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unknown</translation>
+    </message>
+    <message>
+        <source>&lt;not implemented&gt;</source>
+        <translation>&lt;not implemented&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;not readable&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;not available&gt;</source>
+        <translation>&lt;not available&gt;</translation>
+    </message>
+    <message>
+        <source>%1, access %2, visibility %3</source>
+        <translation>%1, access %2, visibility %3</translation>
+    </message>
+    <message>
+        <source>Locked while the camera is in this state</source>
+        <translation>Locked while the camera is in this state</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeModel</name>
+    <message>
+        <source>The value could not be written.</source>
+        <translation>The value could not be written.</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Category</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Value</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeView</name>
+    <message>
+        <source>No parameters match favorite selection.</source>
+        <translation>No parameters match favorite selection.</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeWidget</name>
+    <message>
+        <source>Polling</source>
+        <translation>Polling</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Move Up</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Move Down</translation>
+    </message>
+    <message>
+        <source>Common Tasks</source>
+        <translation>Common Tasks</translation>
+    </message>
+    <message>
+        <source>%1 from parameter collection %2</source>
+        <translation>%1 from parameter collection %2</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeWidgetClass</name>
+    <message>
+        <source>FeatureTreeWidget</source>
+        <translation>FeatureTreeWidget</translation>
+    </message>
+    <message>
+        <source>Search for parameters</source>
+        <translation>Search for parameters</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs</source>
+        <translation>Edit Feature Tabs</translation>
+    </message>
+    <message>
+        <source>P&amp;olling</source>
+        <translation>P&amp;olling</translation>
+    </message>
+    <message>
+        <source>Show Unavailable Features</source>
+        <translation>Show Unavailable Features</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Refresh</translation>
+    </message>
+    <message>
+        <source>Refreshes the  feature tree</source>
+        <translation>Refreshes the  feature tree</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
+    </message>
+</context>
+<context>
+    <name>FloatEditor</name>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;not readable&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>IntEditor</name>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;not readable&gt;</translation>
+    </message>
+    <message>
+        <source>Range: 0x%1..0x%2</source>
+        <translation>Range: 0x%1..0x%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>Range: %1..%2</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
+    <message>
+        <source>The value could not be written.</source>
+        <translation>The value could not be written.</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Value</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::Internal::View::CUseCaseEdit</name>
+    <message>
+        <source>End the use case</source>
+        <translation>End the use case</translation>
+    </message>
+</context>
+<context>
+    <name>SearchEdit</name>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+</context>
+<context>
+    <name>ToolButtonEditor</name>
+    <message>
+        <source>Execute</source>
+        <translation>Execute</translation>
+    </message>
+</context>
+<context>
+    <name>ValueFormat</name>
+    <message>
+        <source>Images: %1; Errors: %2</source>
+        <translation>Images: %1; Errors: %2</translation>
+    </message>
+</context>
+<context>
+    <name>featuretreeoptionmenu</name>
+    <message>
+        <source>Edit Feature Tabs</source>
+        <translation>Edit Feature Tabs</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Feature tabs</source>
+        <translation>Feature tabs</translation>
+    </message>
+    <message>
+        <source>Features of &quot;%1&quot;</source>
+        <translation>Features of &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>Features</translation>
+    </message>
+    <message>
+        <source>Add features by drag and drop</source>
+        <translation>Add features by drag and drop</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+</TS>

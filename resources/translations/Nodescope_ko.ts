@@ -1,0 +1,279 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ko_KR" sourcelanguage="en_US">
+<context>
+    <name>ComboSlider</name>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>범위: %1..%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>범위: %1..%2 (증분: %3)</translation>
+    </message>
+</context>
+<context>
+    <name>DoubleSpinBox</name>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>범위: %1..%2 (증분: %3)</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>범위: %1..%2</translation>
+    </message>
+</context>
+<context>
+    <name>EditTabName</name>
+    <message>
+        <source>Enter a name for tab %1</source>
+        <translation>탭 %1의 이름 입력</translation>
+    </message>
+    <message>
+        <source>Remove this tab</source>
+        <translation>이 탭 삭제</translation>
+    </message>
+</context>
+<context>
+    <name>Feature</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 제거</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeINodeItem</name>
+    <message>
+        <source>Integer</source>
+        <translation>정수</translation>
+    </message>
+    <message>
+        <source>Boolean</source>
+        <translation>부울</translation>
+    </message>
+    <message>
+        <source>Float</source>
+        <translation>부동 소수점</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>명령</translation>
+    </message>
+    <message>
+        <source>String</source>
+        <translation>문자열</translation>
+    </message>
+    <message>
+        <source>Enumeration</source>
+        <translation>열거형</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>카테고리</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>알 수 없음</translation>
+    </message>
+    <message>
+        <source>&lt;not implemented&gt;</source>
+        <translation>&lt;구현되지 않음&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;읽을 수 없음&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;not available&gt;</source>
+        <translation>&lt;사용할 수 없음&gt;</translation>
+    </message>
+    <message>
+        <source>%1, access %2, visibility %3</source>
+        <translation>%1, 액세스 %2, 표시 수준 %3</translation>
+    </message>
+    <message>
+        <source>Locked while the camera is in this state</source>
+        <translation>카메라가 이 상태인 동안 잠겨 있습니다</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeModel</name>
+    <message>
+        <source>The value could not be written.</source>
+        <translation>값을 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>카테고리</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>값</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeView</name>
+    <message>
+        <source>No parameters match favorite selection.</source>
+        <translation>즐겨찾기 선택과 일치하는 파라미터가 없습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeWidget</name>
+    <message>
+        <source>Polling</source>
+        <translation>폴링</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>위로 이동</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>아래로 이동</translation>
+    </message>
+    <message>
+        <source>Common Tasks</source>
+        <translation>일반 작업</translation>
+    </message>
+    <message>
+        <source>%1 from parameter collection %2</source>
+        <translation>파라미터 컬렉션 %2의 %1</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeWidgetClass</name>
+    <message>
+        <source>FeatureTreeWidget</source>
+        <translation>FeatureTreeWidget</translation>
+    </message>
+    <message>
+        <source>Search for parameters</source>
+        <translation>파라미터 검색</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs</source>
+        <translation>기능 탭 편집</translation>
+    </message>
+    <message>
+        <source>P&amp;olling</source>
+        <translation>폴링(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Show Unavailable Features</source>
+        <translation>사용할 수 없는 기능 표시</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>새로 고침</translation>
+    </message>
+    <message>
+        <source>Refreshes the  feature tree</source>
+        <translation>기능 트리를 새로 고칩니다</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
+    </message>
+</context>
+<context>
+    <name>FloatEditor</name>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;읽을 수 없음&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>IntEditor</name>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;읽을 수 없음&gt;</translation>
+    </message>
+    <message>
+        <source>Range: 0x%1..0x%2</source>
+        <translation>범위: 0x%1..0x%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>범위: %1..%2</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
+    <message>
+        <source>The value could not be written.</source>
+        <translation>값을 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>기능</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>값</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::Internal::View::CUseCaseEdit</name>
+    <message>
+        <source>End the use case</source>
+        <translation>사용 사례 종료</translation>
+    </message>
+</context>
+<context>
+    <name>SearchEdit</name>
+    <message>
+        <source>Clear</source>
+        <translation>지우기</translation>
+    </message>
+</context>
+<context>
+    <name>ToolButtonEditor</name>
+    <message>
+        <source>Execute</source>
+        <translation>실행</translation>
+    </message>
+</context>
+<context>
+    <name>ValueFormat</name>
+    <message>
+        <source>Images: %1; Errors: %2</source>
+        <translation>이미지: %1; 오류: %2</translation>
+    </message>
+</context>
+<context>
+    <name>featuretreeoptionmenu</name>
+    <message>
+        <source>Edit Feature Tabs</source>
+        <translation>기능 탭 편집</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Feature tabs</source>
+        <translation>기능 탭</translation>
+    </message>
+    <message>
+        <source>Features of &quot;%1&quot;</source>
+        <translation>&quot;%1&quot;의 기능</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>기능</translation>
+    </message>
+    <message>
+        <source>Add features by drag and drop</source>
+        <translation>끌어서 놓기로 기능 추가</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>확인</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,279 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>ComboSlider</name>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>范围：%1..%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>范围：%1..%2（增量：%3）</translation>
+    </message>
+</context>
+<context>
+    <name>DoubleSpinBox</name>
+    <message>
+        <source>Range: %1..%2 (Increment: %3)</source>
+        <translation>范围：%1..%2（增量：%3）</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>范围：%1..%2</translation>
+    </message>
+</context>
+<context>
+    <name>EditTabName</name>
+    <message>
+        <source>Enter a name for tab %1</source>
+        <translation>输入选项卡 %1 的名称</translation>
+    </message>
+    <message>
+        <source>Remove this tab</source>
+        <translation>删除此选项卡</translation>
+    </message>
+</context>
+<context>
+    <name>Feature</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>移除 %1</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeINodeItem</name>
+    <message>
+        <source>Integer</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>Boolean</source>
+        <translation>布尔</translation>
+    </message>
+    <message>
+        <source>Float</source>
+        <translation>浮点</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>String</source>
+        <translation>字符串</translation>
+    </message>
+    <message>
+        <source>Enumeration</source>
+        <translation>枚举</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>类别</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>&lt;not implemented&gt;</source>
+        <translation>&lt;未实现&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;不可读&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;not available&gt;</source>
+        <translation>&lt;不可用&gt;</translation>
+    </message>
+    <message>
+        <source>%1, access %2, visibility %3</source>
+        <translation>%1，访问 %2，可见性 %3</translation>
+    </message>
+    <message>
+        <source>Locked while the camera is in this state</source>
+        <translation>相机处于此状态时已锁定</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeModel</name>
+    <message>
+        <source>The value could not be written.</source>
+        <translation>无法写入该值。</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>类别</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeView</name>
+    <message>
+        <source>No parameters match favorite selection.</source>
+        <translation>没有与收藏选择匹配的参数。</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeWidget</name>
+    <message>
+        <source>Polling</source>
+        <translation>轮询</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下移</translation>
+    </message>
+    <message>
+        <source>Common Tasks</source>
+        <translation>常用任务</translation>
+    </message>
+    <message>
+        <source>%1 from parameter collection %2</source>
+        <translation>参数集合 %2 中的 %1</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureTreeWidgetClass</name>
+    <message>
+        <source>FeatureTreeWidget</source>
+        <translation>FeatureTreeWidget</translation>
+    </message>
+    <message>
+        <source>Search for parameters</source>
+        <translation>搜索参数</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs</source>
+        <translation>编辑功能选项卡</translation>
+    </message>
+    <message>
+        <source>P&amp;olling</source>
+        <translation>轮询(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Show Unavailable Features</source>
+        <translation>显示不可用的功能</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Refreshes the  feature tree</source>
+        <translation>刷新功能树</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
+    </message>
+</context>
+<context>
+    <name>FloatEditor</name>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;不可读&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>IntEditor</name>
+    <message>
+        <source>&lt;not readable&gt;</source>
+        <translation>&lt;不可读&gt;</translation>
+    </message>
+    <message>
+        <source>Range: 0x%1..0x%2</source>
+        <translation>范围：0x%1..0x%2</translation>
+    </message>
+    <message>
+        <source>Range: %1..%2</source>
+        <translation>范围：%1..%2</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
+    <message>
+        <source>The value could not be written.</source>
+        <translation>无法写入该值。</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>功能</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::Internal::View::CUseCaseEdit</name>
+    <message>
+        <source>End the use case</source>
+        <translation>结束用例</translation>
+    </message>
+</context>
+<context>
+    <name>SearchEdit</name>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+</context>
+<context>
+    <name>ToolButtonEditor</name>
+    <message>
+        <source>Execute</source>
+        <translation>执行</translation>
+    </message>
+</context>
+<context>
+    <name>ValueFormat</name>
+    <message>
+        <source>Images: %1; Errors: %2</source>
+        <translation>图像：%1；错误：%2</translation>
+    </message>
+</context>
+<context>
+    <name>featuretreeoptionmenu</name>
+    <message>
+        <source>Edit Feature Tabs</source>
+        <translation>编辑功能选项卡</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Feature tabs</source>
+        <translation>功能选项卡</translation>
+    </message>
+    <message>
+        <source>Features of &quot;%1&quot;</source>
+        <translation>“%1”的功能</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>功能</translation>
+    </message>
+    <message>
+        <source>Add features by drag and drop</source>
+        <translation>通过拖放添加功能</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+</TS>
