@@ -199,6 +199,60 @@
     </message>
 </context>
 <context>
+    <name>Plugin::Nodescope::CFeatureTreeWidget</name>
+    <message>
+        <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>
+        <translation>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</translation>
+    </message>
+    <message>
+        <source>Copy Camera Features</source>
+        <translation>Copy Camera Features</translation>
+    </message>
+    <message>
+        <source>Copies the features of the camera and their values as text</source>
+        <translation>Copies the features of the camera and their values as text</translation>
+    </message>
+    <message>
+        <source>Host Transport Layer</source>
+        <translation>Host Transport Layer</translation>
+    </message>
+    <message>
+        <source>Stream Parameters</source>
+        <translation>Stream Parameters</translation>
+    </message>
+    <message>
+        <source>Event Grabber Parameters</source>
+        <translation>Event Grabber Parameters</translation>
+    </message>
+    <message>
+        <source>Image Format Conversion</source>
+        <translation>Image Format Conversion</translation>
+    </message>
+    <message>
+        <source>My tab</source>
+        <translation>My tab</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs...</source>
+        <translation>Edit Feature Tabs...</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::CFeatureTreeWidgetFactory</name>
+    <message>
+        <source>All</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>Basic</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>Features</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
     <message>
         <source>The value could not be written.</source>

@@ -199,6 +199,60 @@
     </message>
 </context>
 <context>
+    <name>Plugin::Nodescope::CFeatureTreeWidget</name>
+    <message>
+        <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>
+        <translation>&lt;i&gt;機能を表示するには、デバイス ペインで開いているカメラを選択してください。&lt;/i&gt;</translation>
+    </message>
+    <message>
+        <source>Copy Camera Features</source>
+        <translation>カメラ機能をコピー</translation>
+    </message>
+    <message>
+        <source>Copies the features of the camera and their values as text</source>
+        <translation>カメラの機能とその値をテキストとしてコピーします</translation>
+    </message>
+    <message>
+        <source>Host Transport Layer</source>
+        <translation>ホスト トランスポート レイヤー</translation>
+    </message>
+    <message>
+        <source>Stream Parameters</source>
+        <translation>ストリーム パラメーター</translation>
+    </message>
+    <message>
+        <source>Event Grabber Parameters</source>
+        <translation>イベント グラバー パラメーター</translation>
+    </message>
+    <message>
+        <source>Image Format Conversion</source>
+        <translation>画像フォーマット変換</translation>
+    </message>
+    <message>
+        <source>My tab</source>
+        <translation>マイ タブ</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs...</source>
+        <translation>機能タブの編集...</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::CFeatureTreeWidgetFactory</name>
+    <message>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>基本</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>機能</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
     <message>
         <source>The value could not be written.</source>

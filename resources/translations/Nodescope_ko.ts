@@ -199,6 +199,60 @@
     </message>
 </context>
 <context>
+    <name>Plugin::Nodescope::CFeatureTreeWidget</name>
+    <message>
+        <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>
+        <translation>&lt;i&gt;기능을 표시하려면 장치 창에서 열려 있는 카메라를 선택하십시오.&lt;/i&gt;</translation>
+    </message>
+    <message>
+        <source>Copy Camera Features</source>
+        <translation>카메라 기능 복사</translation>
+    </message>
+    <message>
+        <source>Copies the features of the camera and their values as text</source>
+        <translation>카메라의 기능과 그 값을 텍스트로 복사합니다</translation>
+    </message>
+    <message>
+        <source>Host Transport Layer</source>
+        <translation>호스트 전송 계층</translation>
+    </message>
+    <message>
+        <source>Stream Parameters</source>
+        <translation>스트림 매개변수</translation>
+    </message>
+    <message>
+        <source>Event Grabber Parameters</source>
+        <translation>이벤트 그래버 매개변수</translation>
+    </message>
+    <message>
+        <source>Image Format Conversion</source>
+        <translation>이미지 형식 변환</translation>
+    </message>
+    <message>
+        <source>My tab</source>
+        <translation>내 탭</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs...</source>
+        <translation>기능 탭 편집...</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::CFeatureTreeWidgetFactory</name>
+    <message>
+        <source>All</source>
+        <translation>전체</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>기본</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>기능</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
     <message>
         <source>The value could not be written.</source>

@@ -199,6 +199,60 @@
     </message>
 </context>
 <context>
+    <name>Plugin::Nodescope::CFeatureTreeWidget</name>
+    <message>
+        <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>
+        <translation>&lt;i&gt;请在“设备”窗格中选择任一已打开的相机以显示其功能。&lt;/i&gt;</translation>
+    </message>
+    <message>
+        <source>Copy Camera Features</source>
+        <translation>复制相机功能</translation>
+    </message>
+    <message>
+        <source>Copies the features of the camera and their values as text</source>
+        <translation>将相机的功能及其值复制为文本</translation>
+    </message>
+    <message>
+        <source>Host Transport Layer</source>
+        <translation>主机传输层</translation>
+    </message>
+    <message>
+        <source>Stream Parameters</source>
+        <translation>流参数</translation>
+    </message>
+    <message>
+        <source>Event Grabber Parameters</source>
+        <translation>事件采集器参数</translation>
+    </message>
+    <message>
+        <source>Image Format Conversion</source>
+        <translation>图像格式转换</translation>
+    </message>
+    <message>
+        <source>My tab</source>
+        <translation>我的选项卡</translation>
+    </message>
+    <message>
+        <source>Edit Feature Tabs...</source>
+        <translation>编辑功能选项卡...</translation>
+    </message>
+</context>
+<context>
+    <name>Plugin::Nodescope::CFeatureTreeWidgetFactory</name>
+    <message>
+        <source>All</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>基本</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>功能</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
     <message>
         <source>The value could not be written.</source>

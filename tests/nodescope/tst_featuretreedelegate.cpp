@@ -38,6 +38,7 @@ struct BuiltinTree {
     FeatureTreeHighlighter highlighter;
     QTreeView view;
     FeatureTreeDelegate* delegate = new FeatureTreeDelegate(&view, &proxy, &highlighter);
+    bool exposed = false;
 
     BuiltinTree()
     {
@@ -50,7 +51,7 @@ struct BuiltinTree {
         view.expandAll();
         view.resize(600, 900);
         view.show();
-        QTest::qWaitForWindowExposed(&view);
+        exposed = QTest::qWaitForWindowExposed(&view);
     }
     QSharedPointer<IParameter> parameter(const QString& feature) const
     {
@@ -533,6 +534,7 @@ private Q_SLOTS:
     void shouldOfferTheEditorOfItsKindForEveryWritableFeatureOfTheBuiltinCamera()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         const QMap<int, QString> classes{
             {FeatureTreeItem::IntEditorType, QStringLiteral("IntEditor")},
             {FeatureTreeItem::IntSliderEditorType, QStringLiteral("IntSliderEditor")},
@@ -566,6 +568,7 @@ private Q_SLOTS:
     void shouldStepALinearIntegerOfTheBuiltinCamera()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor = camera.openPersistent<IntSliderEditor>(QStringLiteral("Width"));
         QVERIFY(editor);
         auto* spinBox = editor->findChild<QSpinBox*>();
@@ -581,6 +584,7 @@ private Q_SLOTS:
     void shouldTypeALogarithmicFloatOfTheBuiltinCamera()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor = camera.openPersistent<FloatSliderEditor>(QStringLiteral("ExposureTime"));
         QVERIFY(editor);
         auto* spinBox = editor->findChild<QDoubleSpinBox*>();
@@ -597,6 +601,7 @@ private Q_SLOTS:
     void shouldPickAnEntryOfABuiltinEnumeration()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor = camera.openPersistent<EnumEditor>(QStringLiteral("PixelFormat"));
         QVERIFY(editor);
         const QString before = camera.value(QStringLiteral("PixelFormat")).toString();
@@ -610,6 +615,7 @@ private Q_SLOTS:
     void shouldToggleABuiltinBoolean()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor = camera.openPersistent<CheckBoxEditor>(QStringLiteral("ReverseX"));
         QVERIFY(editor);
         const bool before = camera.value(QStringLiteral("ReverseX")).toBool();
@@ -620,6 +626,7 @@ private Q_SLOTS:
     void shouldTypeABuiltinString()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor =
             qobject_cast<QLineEdit*>(camera.startEditing(QStringLiteral("DeviceUserID")));
         QVERIFY(editor);
@@ -633,6 +640,7 @@ private Q_SLOTS:
     void shouldExecuteABuiltinCommandAndSeeItDone()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor = camera.openPersistent<ToolButtonEditor>(QStringLiteral("AcquisitionStart"));
         QVERIFY(editor);
         QVERIFY(editor->isEnabled());
@@ -650,6 +658,7 @@ private Q_SLOTS:
     void shouldWriteA64BitIntegerBeyondThe32BitRange()
     {
         BuiltinTree camera;
+        QVERIFY(camera.exposed);
         auto* editor =
             qobject_cast<IntEditor*>(camera.startEditing(QStringLiteral("VntTestAddress40")));
         QVERIFY(editor);

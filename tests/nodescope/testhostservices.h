@@ -1,0 +1,121 @@
+#pragma once
+
+#include <appcore/imenuservice.h>
+#include <appcore/iwindowservice.h>
+#include <featuretree/ifeaturetreecontrolservice.h>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMap>
+#include <QMenu>
+#include <QPair>
+#include <QPointer>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QString>
+#include <QTemporaryDir>
+#include <QVariant>
+
+// The host's side of the feature panels, as small as the panels need it: the control channel
+// only passes the host's calls on as signals, menus and window state are kept in maps.
+class TestControlService : public Plugin::FeatureTree::IFeatureTreeControlService {
+    Q_OBJECT
+public:
+    using Plugin::FeatureTree::IFeatureTreeControlService::IFeatureTreeControlService;
+
+public Q_SLOTS:
+    void registerDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) override
+    {
+        Q_EMIT deviceRegistered(info);
+    }
+    void unregisterDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) override
+    {
+        Q_EMIT deviceUnregistered(info);
+    }
+    void setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) override
+    {
+        Q_EMIT activeDeviceChanged(info);
+    }
+    void refreshFeatureTree() override { Q_EMIT featureTreeRefreshRequested(); }
+};
+
+class TestMenuService : public Plugin::AppCore::IMenuService {
+    Q_OBJECT
+public:
+    using Plugin::AppCore::IMenuService::IMenuService;
+
+    bool addAction(const Core::CId& actionId, QAction* action, const Core::CId& menuId,
+                   const Core::CId& groupId, const Plugin::AppCore::CContext& context) override
+    {
+        if (!action || (m_actions.contains(actionId.toString()) &&
+                        m_actions.value(actionId.toString()).action)) {
+            return false;
+        }
+        m_actions.insert(actionId.toString(), {action, menuId.toString(), groupId.toString()});
+        lastContext = context;
+        return true;
+    }
+    void removeAction(const Core::CId& actionId) override { m_actions.remove(actionId.toString()); }
+    QMenu* menu(const Core::CId&) const override { return nullptr; }
+    void registerContextMenu(const Core::CId& menuId, QMenu* menu) override
+    {
+        m_contextMenus.insert(menuId.toString(), menu);
+    }
+    void unregisterContextMenu(const Core::CId& menuId) override
+    {
+        m_contextMenus.remove(menuId.toString());
+    }
+    QMenu* contextMenu(const Core::CId& menuId) const override
+    {
+        return m_contextMenus.value(menuId.toString());
+    }
+
+    QAction* action(const QString& id) const { return m_actions.value(id).action; }
+    QString menuOf(const QString& id) const { return m_actions.value(id).menu; }
+    QString groupOf(const QString& id) const { return m_actions.value(id).group; }
+    int actionCount() const { return m_actions.size(); }
+
+    Plugin::AppCore::CContext lastContext;
+
+private:
+    struct Entry {
+        QPointer<QAction> action;
+        QString menu;
+        QString group;
+    };
+    QMap<QString, Entry> m_actions;
+    QMap<QString, QPointer<QMenu>> m_contextMenus;
+};
+
+class TestWindowService : public Plugin::AppCore::IWindowService {
+    Q_OBJECT
+public:
+    using Plugin::AppCore::IWindowService::IWindowService;
+
+    void saveState(const Core::CId& widgetId, const QString& key, const QVariant& value) override
+    {
+        m_state.insert(qMakePair(widgetId.toString(), key), value);
+    }
+    QVariant restoreState(const Core::CId& widgetId, const QString& key,
+                          const QVariant& defaultValue) const override
+    {
+        return m_state.value(qMakePair(widgetId.toString(), key), defaultValue);
+    }
+    QMainWindow* mainWindow() const override { return nullptr; }
+
+private:
+    QMap<QPair<QString, QString>, QVariant> m_state;
+};
+
+// Keeps the user's real settings out of reach: own names, own folder.
+inline bool isolateSettings(const QTemporaryDir& dir, const QString& applicationName)
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("NodescopeTests"));
+    QCoreApplication::setApplicationName(applicationName);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, dir.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, dir.path());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, dir.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, dir.path());
+    return QSettings().fileName().startsWith(dir.path());
+}
