@@ -1,10 +1,12 @@
 #pragma once
 
+#include <appcore/ifeatureinstantiationservice.h>
 #include <appcore/imenuservice.h>
 #include <appcore/iwindowservice.h>
 #include <featuretree/ifeaturetreecontrolservice.h>
 
 #include <QAction>
+#include <QList>
 #include <QCoreApplication>
 #include <QMap>
 #include <QMenu>
@@ -13,6 +15,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QVariant>
 
@@ -105,6 +108,51 @@ public:
 
 private:
     QMap<QPair<QString, QString>, QVariant> m_state;
+};
+
+// Keeps the registered panel factories in order; like the host, it forgets a factory once it
+// is destroyed.
+class TestFeatureInstantiationService : public Plugin::AppCore::IFeatureInstantiationService {
+    Q_OBJECT
+public:
+    using Plugin::AppCore::IFeatureInstantiationService::IFeatureInstantiationService;
+
+    void registerFactory(QPointer<Plugin::AppCore::IDockPanelFactory> factory) override
+    {
+        if (!factory || m_factories.contains(factory)) {
+            return;
+        }
+        m_factories.append(factory);
+        Q_EMIT factoryRegistered(factory);
+    }
+    void unregisterFactory(QPointer<Plugin::AppCore::IDockPanelFactory> factory) override
+    {
+        if (m_factories.removeAll(factory) > 0) {
+            Q_EMIT factoryUnregistered(factory);
+        }
+    }
+    QList<QPointer<Plugin::AppCore::IDockPanelFactory>> factories() const override
+    {
+        QList<QPointer<Plugin::AppCore::IDockPanelFactory>> alive;
+        for (const QPointer<Plugin::AppCore::IDockPanelFactory>& factory : m_factories) {
+            if (factory) {
+                alive.append(factory);
+            }
+        }
+        return alive;
+    }
+
+    QStringList factoryIds() const
+    {
+        QStringList ids;
+        for (const QPointer<Plugin::AppCore::IDockPanelFactory>& factory : factories()) {
+            ids.append(factory->getId().toString());
+        }
+        return ids;
+    }
+
+private:
+    QList<QPointer<Plugin::AppCore::IDockPanelFactory>> m_factories;
 };
 
 // Keeps the user's real settings out of reach: own names, own folder.
