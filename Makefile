@@ -21,7 +21,7 @@ build: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS)
 
 run: build
-	@$(BUILD_DIR)/app/vantoviewer --simulate --dump
+	@$(BUILD_DIR)/app/vantoviewer --simulate
 
 test: build
 	@cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
