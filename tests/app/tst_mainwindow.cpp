@@ -1,3 +1,5 @@
+#include "apptestsupport.h"
+
 #include "mainwindow.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
@@ -100,9 +102,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         QVERIFY(m_settingsDir.isValid());
-        QStandardPaths::setTestModeEnabled(true);
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settingsDir.path());
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settingsDir.path());
+        isolateSettings(m_settingsDir.path());
     }
 
     void init() { startHost(); }

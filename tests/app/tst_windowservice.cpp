@@ -1,3 +1,5 @@
+#include "apptestsupport.h"
+
 #include "windowservice.h"
 
 #include <QMainWindow>
@@ -17,11 +19,8 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        // Keeps the user's real settings out of reach.
         QVERIFY(m_settingsDir.isValid());
-        QStandardPaths::setTestModeEnabled(true);
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settingsDir.path());
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settingsDir.path());
+        isolateSettings(m_settingsDir.path());
         QVERIFY(QSettings(QStringLiteral("Vanto"), QStringLiteral("Vanto Viewer"))
                     .fileName()
                     .startsWith(m_settingsDir.path()));
