@@ -1,4 +1,6 @@
 // Prints figures for the parameter layer; never fails on a number.
+#include "benchsupport.h"
+
 #include <arv.h>
 
 #include <camerapool.h>
@@ -78,10 +80,7 @@ int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     qSetMessagePattern(QStringLiteral("%{message}"));
-    const QString shared = QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR"));
-    const QString flir =
-        (shared.isEmpty() ? QStringLiteral(NODESCOPE_DEFAULT_SHARED_DIR) : shared) +
-        QStringLiteral("/genicam/FLIR_ORX_10G_310S9M.xml");
+    const QString flir = sharedGenICamFile(QStringLiteral("FLIR_ORX_10G_310S9M.xml"));
     const QByteArray xml = readFile(flir);
     if (xml.isEmpty()) {
         std::printf("open: skipped, %s is absent\n", qPrintable(flir));

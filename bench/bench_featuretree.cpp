@@ -1,4 +1,6 @@
 // Prints figures for the feature tree model layer; never fails on a number.
+#include "benchsupport.h"
+
 #include "internal/legacy/featuretreeinodeitem.h"
 #include "internal/legacy/featuretreeitem.h"
 #include "internal/legacy/featuretreemodel.h"
@@ -601,11 +603,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     qSetMessagePattern(QStringLiteral("%{message}"));
-    const QString shared = QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR"));
-    const QString genicam =
-        (shared.isEmpty() ? QStringLiteral(NODESCOPE_DEFAULT_SHARED_DIR) : shared) +
-        QStringLiteral("/genicam");
-    const QString flir = genicam + QStringLiteral("/FLIR_ORX_10G_310S9M.xml");
+    const QString flir = sharedGenICamFile(QStringLiteral("FLIR_ORX_10G_310S9M.xml"));
 
     QTemporaryDir dir;
     const QString generated = dir.path() + QStringLiteral("/BenchTree5000.xml");

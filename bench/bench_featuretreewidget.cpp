@@ -2,6 +2,8 @@
 // the first paint of the laid-out panel, and one search keystroke from the search field's
 // handler to the repaint. For the built-in camera and for a vendor description.
 
+#include "benchsupport.h"
+
 #include <camerapool.h>
 
 #include "internal/legacy/featuretreeview.h"
@@ -114,10 +116,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     measure(QStringLiteral("built-in camera"), QString());
-    const QString shared = QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR"));
-    const QString flir =
-        (shared.isEmpty() ? QStringLiteral(NODESCOPE_DEFAULT_SHARED_DIR) : shared) +
-        QStringLiteral("/genicam/FLIR_ORX_10G_310S9M.xml");
+    const QString flir = sharedGenICamFile(QStringLiteral("FLIR_ORX_10G_310S9M.xml"));
     if (QFileInfo::exists(flir)) {
         measure(QStringLiteral("FLIR_ORX_10G_310S9M.xml"), flir);
     } else {

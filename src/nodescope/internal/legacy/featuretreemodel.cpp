@@ -435,10 +435,8 @@ void FeatureTreeModel::markSearched(FeatureTreeItem* item, const SearchMatcher& 
         if (empty) {
             child->setSearched(false);
         } else if (!m_searchNarrowing || child->isSearched()) {
-            const QString technical = child->getTechnicalName();
-            const QString displayed = child->getDisplayedName();
-            child->setSearched(matcher.matches(technical) ||
-                               (displayed != technical && matcher.matches(displayed)));
+            child->setSearched(
+                matcher.matchesNames(child->getTechnicalName(), child->getDisplayedName()));
         }
         markSearched(child, matcher);
     }

@@ -1,5 +1,7 @@
 #include "featuretreewidget.h"
 
+#include "screenscale.h"
+
 #include "ui_featuretreewidget.h"
 
 #include "featuretreehighlighter.h"
@@ -540,8 +542,7 @@ void FeatureTreeWidget::setUseCaseMap(const QMap<QString, QVariant>& map)
                &FeatureTreeWidget::onUseCaseComboBoxCurrentIndexChanged);
     box->clear();
 
-    const QScreen* shownOn = screen();
-    const qreal scale = shownOn ? shownOn->logicalDotsPerInch() / 96.0 : 1.0;
+    const qreal scale = screenScale(this);
     const QFontMetrics metrics(box->font());
     int widest = 0;
     for (auto it = map.constBegin(); it != map.constEnd(); ++it) {

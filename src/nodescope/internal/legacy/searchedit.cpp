@@ -1,5 +1,7 @@
 #include "searchedit.h"
 
+#include "screenscale.h"
+
 #include "featuretreehighlighter.h"
 
 #include "nodescoperesources.h"
@@ -23,12 +25,6 @@ const char* const kFilledStyleSheet =
     "QLineEdit { border: 1px solid palette(mid); border-radius: 0px; background-color: %1; }";
 const char* const kEmptyStyleSheet = "QLineEdit { border: 1px solid palette(mid); "
                                      "border-radius: 0px; background-color: palette(button);}";
-
-qreal dpiScale(const QWidget* widget)
-{
-    const QScreen* screen = widget->screen();
-    return screen ? screen->logicalDotsPerInch() / 96.0 : 1.0;
-}
 
 } // namespace
 
@@ -143,7 +139,7 @@ void SearchEdit::paintEvent(QPaintEvent* event)
     }
     const int left = shadowLeft();
     const QRect area(left, 0, qMax(0, width() - kShadowRightGap - left), height());
-    const int elideWidth = qRound(area.width() / dpiScale(this));
+    const int elideWidth = qRound(area.width() / screenScale(this));
     QPainter painter(this);
     painter.setFont(font());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));

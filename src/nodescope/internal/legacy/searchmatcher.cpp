@@ -52,3 +52,8 @@ bool SearchMatcher::matches(const QString& name) const
     }
     return false;
 }
+
+bool SearchMatcher::matchesNames(const QString& technical, const QString& displayed) const
+{
+    return matches(technical) || (displayed != technical && matches(displayed));
+}

@@ -11,6 +11,8 @@ public:
 
     bool isEmpty() const { return m_text.isEmpty(); }
     bool matches(const QString& name) const;
+    // The rule of the feature tree and table: the technical or the displayed name matches.
+    bool matchesNames(const QString& technical, const QString& displayed) const;
 
 private:
     QString m_text;

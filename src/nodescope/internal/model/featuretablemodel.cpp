@@ -427,12 +427,8 @@ void CFeatureTableModel::setSearchRegExp(QString text)
         if (!item) {
             continue;
         }
-        // The same rule as in the tree: technical or displayed name, ignoring case.
-        const QString technical = item->getTechnicalName();
-        const QString displayed = item->getDisplayedName();
         const bool searched =
-            !matcher.isEmpty() &&
-            (matcher.matches(technical) || (displayed != technical && matcher.matches(displayed)));
+            matcher.matchesNames(item->getTechnicalName(), item->getDisplayedName());
         if (item->isSearched() != searched) {
             item->setSearched(searched);
             changed.append(row);
@@ -452,11 +448,7 @@ void CFeatureTableModel::setSearchRegExpRecursive(FeatureTreeINodeItem* item, co
         return;
     }
     const SearchMatcher matcher(text);
-    const QString technical = item->getTechnicalName();
-    const QString displayed = item->getDisplayedName();
-    const bool searched =
-        !matcher.isEmpty() &&
-        (matcher.matches(technical) || (displayed != technical && matcher.matches(displayed)));
+    const bool searched = matcher.matchesNames(item->getTechnicalName(), item->getDisplayedName());
     if (item->isSearched() != searched) {
         item->setSearched(searched);
         announceRows({row});

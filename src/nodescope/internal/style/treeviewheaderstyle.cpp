@@ -1,5 +1,7 @@
 #include "treeviewheaderstyle.h"
 
+#include "internal/legacy/screenscale.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QScreen>
@@ -17,13 +19,6 @@ namespace {
 // The distance of the separator line from a section's bottom, at 96 dpi.
 const qreal kSeparatorLineOffset = 7.0;
 
-qreal dpiScale(const QWidget* widget)
-{
-    const QScreen* screen = widget ? widget->screen() : QGuiApplication::primaryScreen();
-    const qreal dpi = screen ? screen->logicalDotsPerInch() : 96.0;
-    return dpi > 0.0 ? dpi / 96.0 : 1.0;
-}
-
 QStyle* sameAsApplication()
 {
     // A fresh instance of what the application uses, so the header matches the rest in
@@ -40,7 +35,7 @@ CTreeViewHeaderStyle::CTreeViewHeaderStyle(QStyle* style)
 
 int CTreeViewHeaderStyle::separatorLineY(const QRect& rect, const QWidget* widget)
 {
-    return rect.bottom() - qRound(kSeparatorLineOffset / dpiScale(widget));
+    return rect.bottom() - qRound(kSeparatorLineOffset / screenScale(widget));
 }
 
 void CTreeViewHeaderStyle::drawControl(QStyle::ControlElement element, const QStyleOption* option,
@@ -91,7 +86,7 @@ void CTreeViewHeaderStyle::drawHeaderLabel(const QStyleOption* option, QPainter*
         return;
     }
     QFont font = widget ? widget->font() : painter->font();
-    const qreal scale = dpiScale(widget);
+    const qreal scale = screenScale(widget);
     if (scale != 1.0 && font.pointSizeF() > 0.0) {
         font.setPointSizeF(font.pointSizeF() / scale);
     }

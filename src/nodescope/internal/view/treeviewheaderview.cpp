@@ -1,5 +1,7 @@
 #include "treeviewheaderview.h"
 
+#include "internal/legacy/screenscale.h"
+
 #include "internal/style/treeviewheaderstyle.h"
 
 #include <QScreen>
@@ -13,13 +15,6 @@ namespace {
 
 // Room around the label at 96 dpi, taken up by the separator line below it.
 const qreal kVerticalPadding = 13.0;
-
-qreal dpiScale(const QWidget* widget)
-{
-    const QScreen* screen = widget->screen();
-    const qreal dpi = screen ? screen->logicalDotsPerInch() : 96.0;
-    return dpi > 0.0 ? dpi / 96.0 : 1.0;
-}
 
 } // namespace
 
@@ -42,7 +37,7 @@ CTreeViewHeaderView::CTreeViewHeaderView(QWidget* parent)
 QSize CTreeViewHeaderView::sizeHint() const
 {
     QSize hint = QHeaderView::sizeHint();
-    hint.setHeight(fontMetrics().height() + static_cast<int>(kVerticalPadding * dpiScale(this)));
+    hint.setHeight(fontMetrics().height() + static_cast<int>(kVerticalPadding * screenScale(this)));
     return hint;
 }
 

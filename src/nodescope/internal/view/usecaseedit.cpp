@@ -1,5 +1,7 @@
 #include "usecaseedit.h"
 
+#include "internal/legacy/screenscale.h"
+
 #include <QAction>
 #include <QColor>
 #include <QEvent>
@@ -70,8 +72,7 @@ void CUseCaseEdit::applyFontSize()
 
 void CUseCaseEdit::updateElidedText()
 {
-    const QScreen* const currentScreen = screen();
-    const qreal scale = currentScreen ? currentScreen->logicalDotsPerInch() / 96.0 : 1.0;
+    const qreal scale = screenScale(this);
     const int available = width() - static_cast<int>(kCrossActionReserve * scale);
     const QString elided = fontMetrics().elidedText(m_fullText, Qt::ElideRight, available);
     // The whole name stays reachable when the field is too narrow for it.
