@@ -1,4 +1,6 @@
 #include "featuredump.h"
+#include "filledviewwatcher.h"
+#include "hosttranslator.h"
 #include "mainwindow.h"
 #include "pluginmanager.h"
 
@@ -6,11 +8,12 @@
 #include <languagehelper/languagehelper.h>
 #include <parametercollection/exception.h>
 
-#include <QAbstractItemModel>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDockWidget>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QPixmap>
 #include <QPointer>
 #include <QTextStream>
@@ -18,9 +21,12 @@
 
 #include <memory>
 
+#ifdef Q_OS_LINUX
+#include <unistd.h>
+#endif
+
 namespace {
 
-constexpr int SCREENSHOT_POLL_MS = 100;
 constexpr int SCREENSHOT_GIVE_UP_MS = 20000;
 
 // Batch modes never need a display, so they run without one.
@@ -38,26 +44,91 @@ bool wantsConsole(int argc, char** argv)
     return false;
 }
 
-// Rows in the default panel's feature tree: the panel is filled once it has any.
-int defaultPanelRows(const VantoViewer::MainWindow& window)
+// The feature view of a panel: its tree, or its feature table when the panel shows a tab.
+QAbstractItemView* featureViewIn(QDockWidget* dock)
 {
-    QDockWidget* dock = window.panelDock(Core::CId(VantoViewer::MainWindow::DEFAULT_PANEL_ID));
-    if (!dock) {
-        return 0;
-    }
     const QList<QAbstractItemView*> views = dock->findChildren<QAbstractItemView*>();
-    for (QAbstractItemView* view : views) {
-        if (view->inherits("FeatureTreeView") && view->isVisible() && view->model()) {
-            return view->model()->rowCount();
+    for (const char* className :
+         {"FeatureTreeView", "Plugin::Nodescope::Internal::View::CFeatureTableView"}) {
+        for (QAbstractItemView* view : views) {
+            if (view->inherits(className) && view->isVisible()) {
+                return view;
+            }
         }
     }
-    return 0;
+    return nullptr;
+}
+
+// The feature view the user sees first: that of the panel brought to the front, else that of
+// the default panel. The panel is filled once it paints with rows.
+QAbstractItemView* shownFeatureView(const VantoViewer::MainWindow& window, QDockWidget* front)
+{
+    for (QDockWidget* dock :
+         {front, window.panelDock(Core::CId(VantoViewer::MainWindow::DEFAULT_PANEL_ID))}) {
+        if (QAbstractItemView* view = dock ? featureViewIn(dock) : nullptr) {
+            return view;
+        }
+    }
+    return nullptr;
+}
+
+// Milliseconds since the kernel created this process, so that loading the libraries and static
+// initialisation count too. The kernel keeps the start in clock ticks (usually 10 ms) and
+// /proc/uptime counts in hundredths of a second, so the figure is good to about one tick either
+// way; `tickMs` gets the tick's length. Negative when it cannot be known.
+double msSinceProcessStart(double* tickMs)
+{
+#ifdef Q_OS_LINUX
+    QFile stat(QStringLiteral("/proc/self/stat"));
+    QFile uptime(QStringLiteral("/proc/uptime"));
+    if (!stat.open(QIODevice::ReadOnly) || !uptime.open(QIODevice::ReadOnly)) {
+        return -1;
+    }
+    const QByteArray line = stat.readAll();
+    // Both count from boot, suspended time included.
+    bool uptimeOk = false;
+    const double uptimeSeconds = uptime.readAll().split(' ').first().toDouble(&uptimeOk);
+    // The command name in parentheses may hold spaces; the fields after it start at the 3rd.
+    const int nameEnd = line.lastIndexOf(')');
+    const QList<QByteArray> fields = line.mid(nameEnd + 2).split(' ');
+    constexpr int START_TIME_FIELD = 22 - 3;
+    if (nameEnd < 0 || fields.size() <= START_TIME_FIELD) {
+        return -1;
+    }
+    bool ok = false;
+    const qulonglong startTicks = fields.at(START_TIME_FIELD).toULongLong(&ok);
+    const long ticksPerSecond = sysconf(_SC_CLK_TCK);
+    if (!ok || !uptimeOk || ticksPerSecond <= 0) {
+        return -1;
+    }
+    *tickMs = 1000.0 / ticksPerSecond;
+    return uptimeSeconds * 1000.0 - startTicks * *tickMs;
+#else
+    Q_UNUSED(tickMs)
+    return -1;
+#endif
+}
+
+// One line for bench_startup and for anyone timing a start by hand.
+void reportFeaturesShown(QTextStream& err, const QElapsedTimer& sinceMain)
+{
+    double tickMs = 0;
+    const double sinceStart = msSinceProcessStart(&tickMs);
+    err << "vantoviewer: features shown after ";
+    if (sinceStart >= 0) {
+        err << qRound(sinceStart) << " ms since the process started (counted in " << tickMs
+            << " ms ticks), ";
+    }
+    err << sinceMain.elapsed() << " ms since main() began\n";
+    err.flush();
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    QElapsedTimer sinceMain;
+    sinceMain.start();
     std::unique_ptr<QCoreApplication> application;
     if (wantsConsole(argc, argv)) {
         application = std::make_unique<QCoreApplication>(argc, argv);
@@ -97,7 +168,11 @@ int main(int argc, char** argv)
                                   QStringLiteral("Language of the user interface (en, ja, ko, "
                                                  "zh)."),
                                   QStringLiteral("xx"));
-    parser.addOptions({simulate, camera, dump, discover, pluginDir, screenshot, lang});
+    const QCommandLineOption panel(
+        QStringLiteral("panel"),
+        QStringLiteral("Show this panel at start, by id (Nodescope.Widget.Basic) or title."),
+        QStringLiteral("PANEL"));
+    parser.addOptions({simulate, camera, dump, discover, pluginDir, screenshot, lang, panel});
     parser.addPositionalArgument(QStringLiteral("FILE.xml"),
                                  QStringLiteral("GenICam description for --simulate."),
                                  QStringLiteral("[FILE.xml]"));
@@ -143,6 +218,9 @@ int main(int argc, char** argv)
     if (parser.isSet(lang)) {
         LanguageHelper::setLanguageId(parser.value(lang));
     }
+    // Before the window exists: its texts are translated as it builds them.
+    VantoViewer::HostTranslator hostTranslator;
+    hostTranslator.install(LanguageHelper::loadLanguageId());
 
     VantoViewer::PluginManager plugins;
     auto mainWindow = std::make_unique<VantoViewer::MainWindow>(pool);
@@ -170,31 +248,57 @@ int main(int argc, char** argv)
     if (info) {
         mainWindow->addDevice(info);
     }
+    QDockWidget* frontPanel = nullptr;
+    if (parser.isSet(panel)) {
+        frontPanel = mainWindow->showPanel(parser.value(panel));
+        if (!frontPanel) {
+            err << "vantoviewer: no panel " << parser.value(panel) << "\n";
+        }
+    }
     mainWindow->show();
 
-    QTimer screenshotTimer;
-    int waitedMs = 0;
+    QTimer giveUp;
+    giveUp.setSingleShot(true);
+    bool saved = false;
     int result = 0;
     if (parser.isSet(screenshot)) {
         const QString file = parser.value(screenshot);
         VantoViewer::MainWindow* shown = mainWindow.get();
-        QObject::connect(&screenshotTimer, &QTimer::timeout, shown, [&, shown, file]() {
-            waitedMs += SCREENSHOT_POLL_MS;
-            const bool filled = defaultPanelRows(*shown) > 0;
-            if (!filled && waitedMs < SCREENSHOT_GIVE_UP_MS) {
+        QAbstractItemView* tree = shownFeatureView(*shown, frontPanel);
+        QPointer<VantoViewer::FilledViewWatcher> watcher;
+        if (tree) {
+            watcher = new VantoViewer::FilledViewWatcher(tree, shown); // child of the window
+        }
+        const auto saveAndQuit = [&saved, &giveUp, &result, &err, shown, file, watcher]() {
+            if (saved) {
                 return;
             }
-            screenshotTimer.stop();
-            if (!filled) {
+            saved = true;
+            giveUp.stop();
+            if (!watcher || !watcher->hasSeenFilledPaint()) {
                 err << "vantoviewer: the features did not show up; saving the window anyway\n";
             }
             if (!shown->grab().save(file)) {
                 err << "vantoviewer: cannot write " << file << "\n";
                 result = 1;
             }
+            err.flush();
             QCoreApplication::quit();
-        });
-        screenshotTimer.start(SCREENSHOT_POLL_MS);
+        };
+        QObject::connect(&giveUp, &QTimer::timeout, shown, saveAndQuit);
+        if (watcher) {
+            QObject::connect(watcher.data(), &VantoViewer::FilledViewWatcher::filledPaint, shown,
+                             [&giveUp, &err, &sinceMain, shown, saveAndQuit]() {
+                                 giveUp.stop();
+                                 reportFeaturesShown(err, sinceMain);
+                                 // The paint is still on its way to the screen; grab after it.
+                                 QTimer::singleShot(0, shown, saveAndQuit);
+                             });
+            giveUp.start(SCREENSHOT_GIVE_UP_MS);
+        } else {
+            // Without a tree there is nothing to wait for.
+            QTimer::singleShot(0, shown, saveAndQuit);
+        }
     }
 
     const int code = app.exec();

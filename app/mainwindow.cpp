@@ -1,7 +1,10 @@
 #include "mainwindow.h"
 
+#include "devicespane.h"
 #include "featureinstantiationservice.h"
+#include "featurestatusbar.h"
 #include "menuservice.h"
+#include "visibilitytoolbar.h"
 #include "windowservice.h"
 
 #include <appcore/appcoreconstants.h>
@@ -10,13 +13,16 @@
 #include <core/iplugininitializer.h>
 #include <featuretree/ifeaturetreecontrolservice.h>
 #include <featuretree/ifeaturetreestatusservice.h>
+#include <parametercollection/exception.h>
+#include <parametercollection/iparametercollection.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QCursor>
 #include <QDockWidget>
-#include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
 #include <QShowEvent>
-#include <QStatusBar>
 
 namespace VantoViewer {
 
@@ -25,8 +31,23 @@ constexpr int DEFAULT_WIDTH = 1000;
 constexpr int DEFAULT_HEIGHT = 700;
 constexpr int DEVICES_WIDTH = 300;
 constexpr char LAYOUT_ID[] = "VantoViewer.MainWindow";
+constexpr char VISIBILITY_KEY[] = "Visibility";
 // Bumped when the docks change so that an old layout is not forced onto new docks.
-constexpr int LAYOUT_VERSION = 1;
+constexpr int LAYOUT_VERSION = 2;
+
+Plugin::AppCore::CContext globalContext()
+{
+    return Plugin::AppCore::CContext(Core::CId(Plugin::AppCore::Constants::C_GLOBAL_CONTEXT));
+}
+
+// Opening a camera can take the network a moment; the user sees that something happens.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
 } // namespace
 
 MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent)
@@ -34,31 +55,97 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
       m_windowService(QSharedPointer<WindowService>::create(this)),
       m_menuService(QSharedPointer<MenuService>::create(menuBar())),
       m_instantiationService(QSharedPointer<FeatureInstantiationService>::create()),
-      m_devicesDock(new QDockWidget(tr("Devices"), this)), m_devices(new QListWidget(m_devicesDock))
+      m_devicesDock(new QDockWidget(tr("Devices"), this)),
+      m_devicesPane(new DevicesPane(m_devicesDock)),
+      m_visibilityToolBar(new VisibilityToolBar(this)), m_statusBar(new FeatureStatusBar(this))
 {
     setObjectName(QStringLiteral("VantoViewerMainWindow"));
     setWindowTitle(tr("Vanto Viewer"));
     resize(DEFAULT_WIDTH, DEFAULT_HEIGHT);
     setDockNestingEnabled(true);
+    setStatusBar(m_statusBar);
 
-    m_devices->setObjectName(QStringLiteral("deviceList"));
     m_devicesDock->setObjectName(QStringLiteral("VantoViewer.Devices"));
-    m_devicesDock->setWidget(m_devices);
+    m_devicesDock->setWidget(m_devicesPane);
     m_devicesDock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetClosable);
     addDockWidget(Qt::LeftDockWidgetArea, m_devicesDock);
-    connect(m_devices, &QListWidget::currentRowChanged, this, &MainWindow::onDeviceSelected);
+    connect(m_devicesPane, &DevicesPane::activeDeviceChanged, this,
+            &MainWindow::onActiveDeviceChanged);
+    connect(m_devicesPane, &DevicesPane::openRequested, this, &MainWindow::openCamera);
+    connect(m_devicesPane, &DevicesPane::openSimulatedRequested, this,
+            &MainWindow::openSimulatedCamera);
+    connect(m_devicesPane, &DevicesPane::closeRequested, this, &MainWindow::closeCamera);
+    connect(m_devicesPane, &DevicesPane::scanFinished, this, [this](int found) {
+        m_statusBar->showMessage(tr("%n camera(s) found", nullptr, found));
+    });
     m_menuService->addAction(
         Core::CId(QStringLiteral("VantoViewer.Window.Devices")), m_devicesDock->toggleViewAction(),
         Core::CId(Plugin::AppCore::Constants::M_WINDOW),
-        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS),
-        Plugin::AppCore::CContext(Core::CId(Plugin::AppCore::Constants::C_GLOBAL_CONTEXT)));
+        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
 
-    statusBar()->showMessage(tr("Ready"));
+    addToolBar(Qt::TopToolBarArea, m_visibilityToolBar);
+    const int level = m_windowService
+                          ->restoreState(Core::CId(LAYOUT_ID), QLatin1String(VISIBILITY_KEY),
+                                         int(GenApi::Beginner))
+                          .toInt();
+    if (level >= GenApi::Beginner && level <= GenApi::Guru) {
+        m_visibilityToolBar->setLevel(static_cast<GenApi::EVisibility>(level));
+    }
+    connect(m_visibilityToolBar, &VisibilityToolBar::levelChosen, this, &MainWindow::setVisibility);
+    m_menuService->addAction(
+        Core::CId(QStringLiteral("VantoViewer.Window.VisibilityToolBar")),
+        m_visibilityToolBar->toggleViewAction(), Core::CId(Plugin::AppCore::Constants::M_WINDOW),
+        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
+    createCameraActions();
+
+    m_statusBar->showMessage(tr("Ready"));
 
     connect(m_instantiationService.data(), &FeatureInstantiationService::factoryRegistered, this,
             &MainWindow::addPanel);
     connect(m_instantiationService.data(), &FeatureInstantiationService::factoryUnregistered, this,
             &MainWindow::removePanel);
+}
+
+void MainWindow::createCameraActions()
+{
+    auto* openAddress = new QAction(tr("Open Camera by IP Address or ID..."), this);
+    connect(openAddress, &QAction::triggered, m_devicesPane, [this]() {
+        if (QAction* action =
+                m_devicesPane->findChild<QAction*>(QStringLiteral("openByAddressAction"))) {
+            action->trigger();
+        }
+    });
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Camera.OpenByAddress")),
+                             openAddress, Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+                             Core::CId(Plugin::AppCore::Constants::G_CAMERA_DEVICES),
+                             globalContext());
+    auto* openSimulated = new QAction(tr("Open Built-in Simulated Camera"), this);
+    connect(openSimulated, &QAction::triggered, this, [this]() { openSimulatedCamera(QString()); });
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Camera.OpenSimulated")),
+                             openSimulated, Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+                             Core::CId(Plugin::AppCore::Constants::G_CAMERA_DEVICES),
+                             globalContext());
+    m_closeAction = new QAction(tr("Close Camera"), this);
+    m_closeAction->setEnabled(false);
+    connect(m_closeAction, &QAction::triggered, this,
+            [this]() { closeCamera(m_devicesPane->activeDevice()); });
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Camera.Close")), m_closeAction,
+                             Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+                             Core::CId(Plugin::AppCore::Constants::G_CAMERA_DEVICES),
+                             globalContext());
+    m_refreshAction = new QAction(tr("Refresh Features"), this);
+    m_refreshAction->setObjectName(QStringLiteral("VantoViewer.Camera.Refresh"));
+    m_refreshAction->setStatusTip(tr("Reads every shown feature from the camera again"));
+    m_refreshAction->setEnabled(false);
+    connect(m_refreshAction, &QAction::triggered, this, [this]() {
+        if (m_controlService) {
+            m_controlService->refreshFeatureTree();
+        }
+    });
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Camera.Refresh")),
+                             m_refreshAction, Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+                             Core::CId(Plugin::AppCore::Constants::G_CAMERA_FEATURES),
+                             globalContext());
 }
 
 MainWindow::~MainWindow()
@@ -126,63 +213,179 @@ void MainWindow::attachPluginServices(Core::Plugin::IPluginInitializer* initiali
     }
     m_controlService =
         initializer->getService<Plugin::FeatureTree::IFeatureTreeControlService>().data();
-    const auto status = initializer->getService<Plugin::FeatureTree::IFeatureTreeStatusService>();
+    using Plugin::FeatureTree::IFeatureTreeStatusService;
+    const auto status = initializer->getService<IFeatureTreeStatusService>();
     if (status) {
-        QStatusBar* bar = statusBar();
-        connect(status.data(), &Plugin::FeatureTree::IFeatureTreeStatusService::newText, bar,
-                [bar](const QString& text) { bar->showMessage(text); });
+        connect(status.data(), &IFeatureTreeStatusService::newText, m_statusBar,
+                [this](const QString& text) { m_statusBar->showMessage(text); });
+        connect(status.data(), &IFeatureTreeStatusService::currentChanged, m_statusBar,
+                &FeatureStatusBar::showFeature);
+        // A level the panels chose themselves shows on the tool bar and is the one kept.
+        connect(status.data(), &IFeatureTreeStatusService::visibilityChanged, this,
+                [this](GenApi::EVisibility visibility) {
+                    if (visibility >= GenApi::Beginner && visibility <= GenApi::Guru) {
+                        m_visibilityToolBar->setLevel(visibility);
+                        m_windowService->saveState(Core::CId(LAYOUT_ID),
+                                                   QLatin1String(VISIBILITY_KEY), int(visibility));
+                    }
+                });
     }
-    for (const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info : qAsConst(m_deviceInfos)) {
+    if (m_controlService) {
+        m_controlService->setVisibility(m_visibilityToolBar->level());
+    }
+    for (const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info : m_devicesPane->devices()) {
         if (m_controlService) {
             m_controlService->registerDevice(info);
         }
     }
-    onDeviceSelected();
+    onActiveDeviceChanged(m_devicesPane->activeDevice());
 }
 
 void MainWindow::addDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
 {
-    if (!info || m_deviceInfos.contains(info)) {
+    if (!info || m_devicesPane->devices().contains(info)) {
         return;
     }
-    m_deviceInfos.append(info);
-    auto* item = new QListWidgetItem(info->getFriendlyName(), m_devices);
-    item->setToolTip(info->getDeviceText());
+    watchCollection(info);
     if (m_controlService) {
         m_controlService->registerDevice(info);
     }
-    // A newly opened camera is the one the user wants to see.
-    m_devices->setCurrentItem(item);
-    onDeviceSelected();
+    // Listing makes it the active camera.
+    m_devicesPane->addDevice(info);
 }
 
 void MainWindow::removeDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
 {
-    const int row = m_deviceInfos.indexOf(info);
-    if (row < 0) {
+    if (!info || !m_devicesPane->devices().contains(info)) {
         return;
     }
     if (m_controlService) {
         m_controlService->unregisterDevice(info);
     }
-    m_deviceInfos.removeAt(row);
-    const QSignalBlocker blocker(m_devices);
-    delete m_devices->takeItem(row);
-    m_devices->setCurrentRow(-1);
-    if (m_controlService) {
-        m_controlService->setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo>());
+    if (m_pool) {
+        if (const auto collection = m_pool->getParameterCollection(info)) {
+            disconnect(collection.data(), nullptr, this, nullptr);
+        }
+    }
+    // Tells the panels when the camera was the active one.
+    m_devicesPane->removeDevice(info);
+}
+
+QSharedPointer<Plugin::CameraPool::IBaseInfo> MainWindow::openCamera(const QString& idOrAddress)
+{
+    if (!m_pool || idOrAddress.trimmed().isEmpty()) {
+        return {};
+    }
+    try {
+        const WaitCursor wait;
+        QSharedPointer<Plugin::CameraPool::IBaseInfo> info = m_pool->openDevice(idOrAddress);
+        addDevice(info);
+        m_statusBar->clearError();
+        return info;
+    } catch (const ParameterCollection::Exception& e) {
+        m_statusBar->showError(tr("Cannot open %1: %2").arg(idOrAddress, e.text()));
+    }
+    return {};
+}
+
+QSharedPointer<Plugin::CameraPool::IBaseInfo>
+MainWindow::openSimulatedCamera(const QString& xmlFile)
+{
+    if (!m_pool) {
+        return {};
+    }
+    try {
+        const WaitCursor wait;
+        QSharedPointer<Plugin::CameraPool::IBaseInfo> info = m_pool->openSimulated(xmlFile);
+        addDevice(info);
+        m_statusBar->clearError();
+        return info;
+    } catch (const ParameterCollection::Exception& e) {
+        m_statusBar->showError(
+            tr("Cannot simulate %1: %2")
+                .arg(xmlFile.isEmpty() ? tr("the built-in camera") : xmlFile, e.text()));
+    }
+    return {};
+}
+
+void MainWindow::closeCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    if (!info) {
+        return;
+    }
+    removeDevice(info);
+    if (m_pool) {
+        m_pool->close(info);
     }
 }
 
-void MainWindow::onDeviceSelected()
+GenApi::EVisibility MainWindow::visibility() const
 {
-    if (!m_controlService) {
+    return m_visibilityToolBar->level();
+}
+
+void MainWindow::setVisibility(GenApi::EVisibility visibility)
+{
+    if (visibility < GenApi::Beginner || visibility > GenApi::Guru) {
         return;
     }
-    const int row = m_devices->currentRow();
-    m_controlService->setActiveDevice(row >= 0 && row < m_deviceInfos.size()
-                                          ? m_deviceInfos.at(row)
-                                          : QSharedPointer<Plugin::CameraPool::IBaseInfo>());
+    m_visibilityToolBar->setLevel(visibility);
+    m_windowService->saveState(Core::CId(LAYOUT_ID), QLatin1String(VISIBILITY_KEY),
+                               int(visibility));
+    if (m_controlService) {
+        m_controlService->setVisibility(visibility);
+    }
+}
+
+void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    m_closeAction->setEnabled(!info.isNull());
+    m_refreshAction->setEnabled(!info.isNull());
+    if (!info) {
+        m_statusBar->showFeature({});
+    }
+    if (m_controlService) {
+        m_controlService->setActiveDevice(info);
+    }
+}
+
+void MainWindow::watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    const auto collection = m_pool ? m_pool->getParameterCollection(info) : nullptr;
+    if (!collection) {
+        return;
+    }
+    using ParameterCollection::IParameterCollection;
+    const QString name = info->getFriendlyName();
+    const QWeakPointer<Plugin::CameraPool::IBaseInfo> weakInfo = info;
+    connect(collection.data(), &IParameterCollection::deviceLost, this,
+            [this, weakInfo, name](const QString& message) {
+                m_statusBar->showError(tr("%1 is lost: %2").arg(name, message));
+                if (const auto lost = weakInfo.toStrongRef()) {
+                    m_devicesPane->markLost(lost, message);
+                }
+            });
+    connect(collection.data(), &IParameterCollection::writeFailed, this,
+            [this](const QString& feature, const QString& message) {
+                m_statusBar->showError(
+                    feature.isEmpty() ? message : feature + QStringLiteral(": ") + message);
+            });
+}
+
+void MainWindow::addContextMenuEntries()
+{
+    QMenu* shared =
+        m_menuService->contextMenu(Core::CId(Plugin::AppCore::Constants::CM_FEATURE_TREE));
+    if (!shared || shared == m_contextMenuWithEntries) {
+        return;
+    }
+    m_contextMenuWithEntries = shared;
+    shared->addAction(m_refreshAction);
+    QMenu* levels = shared->addMenu(tr("Visibility"));
+    levels->setObjectName(QStringLiteral("VantoViewer.ContextMenu.Visibility"));
+    for (GenApi::EVisibility level : {GenApi::Beginner, GenApi::Expert, GenApi::Guru}) {
+        levels->addAction(m_visibilityToolBar->actionFor(level));
+    }
 }
 
 QDockWidget* MainWindow::panelDock(const Core::CId& panelId) const
@@ -195,9 +398,37 @@ QDockWidget* MainWindow::panelDock(const Core::CId& panelId) const
     return nullptr;
 }
 
+QDockWidget* MainWindow::showPanel(const QString& idOrTitle)
+{
+    for (QDockWidget* dock : qAsConst(m_panelDocks)) {
+        if (dock->objectName() == idOrTitle ||
+            dock->windowTitle().compare(idOrTitle, Qt::CaseInsensitive) == 0) {
+            dock->show();
+            dock->raise();
+            return dock;
+        }
+    }
+    return nullptr;
+}
+
 QDockWidget* MainWindow::devicesDock() const
 {
     return m_devicesDock;
+}
+
+DevicesPane* MainWindow::devicesPane() const
+{
+    return m_devicesPane;
+}
+
+VisibilityToolBar* MainWindow::visibilityToolBar() const
+{
+    return m_visibilityToolBar;
+}
+
+FeatureStatusBar* MainWindow::featureStatusBar() const
+{
+    return m_statusBar;
 }
 
 QSharedPointer<MenuService> MainWindow::menuService() const
@@ -251,10 +482,15 @@ void MainWindow::addPanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& fa
     m_menuService->addAction(
         Core::CId(QStringLiteral("VantoViewer.Window.") + product.id.toString()),
         dock->toggleViewAction(), Core::CId(Plugin::AppCore::Constants::M_WINDOW),
-        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS),
-        Plugin::AppCore::CContext(Core::CId(Plugin::AppCore::Constants::C_GLOBAL_CONTEXT)));
+        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
     connect(factory.data(), &QObject::destroyed, dock,
             [this, dock]() { m_panelDocks.remove(m_panelDocks.key(dock)); });
+    // The first panel brings the tree's shared context menu along.
+    addContextMenuEntries();
+    // Panels remember their own last level; the tool bar's is the one the user sees.
+    if (m_controlService) {
+        m_controlService->setVisibility(m_visibilityToolBar->level());
+    }
 }
 
 void MainWindow::removePanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& factory)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <core/cid.h>
+#include <genapi/genapitypes.h>
 
 #include <QHash>
 #include <QList>
@@ -8,8 +9,9 @@
 #include <QPointer>
 #include <QSharedPointer>
 
+class QAction;
 class QDockWidget;
-class QListWidget;
+class QMenu;
 
 namespace Backend {
 class CameraPool;
@@ -36,12 +38,15 @@ class IFeatureTreeControlService;
 
 namespace VantoViewer {
 
+class DevicesPane;
 class FeatureInstantiationService;
+class FeatureStatusBar;
 class MenuService;
+class VisibilityToolBar;
 class WindowService;
 
 // The host window: a dock per plug-in panel, the Devices dock with the open cameras, the
-// Camera and Window menus and a status bar for the panels' messages.
+// visibility tool bar, the Camera and Window menus and a status bar for the panels' messages.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
@@ -59,9 +64,24 @@ public:
     // Lists the camera in the Devices dock and shows it in the panels.
     void addDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void removeDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    // Open through the pool and list; failures go to the status bar. Null on failure.
+    QSharedPointer<Plugin::CameraPool::IBaseInfo> openCamera(const QString& idOrAddress);
+    QSharedPointer<Plugin::CameraPool::IBaseInfo> openSimulatedCamera(const QString& xmlFile);
+    // Unlists the camera, then closes it in the pool.
+    void closeCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+
+    // The level the panels show; the tool bar's choice, kept between runs.
+    GenApi::EVisibility visibility() const;
+    void setVisibility(GenApi::EVisibility visibility);
 
     QDockWidget* panelDock(const Core::CId& panelId) const;
+    // Shows and raises the panel with this id ("Nodescope.Widget.Basic") or title; null when
+    // there is none.
+    QDockWidget* showPanel(const QString& idOrTitle);
     QDockWidget* devicesDock() const;
+    DevicesPane* devicesPane() const;
+    VisibilityToolBar* visibilityToolBar() const;
+    FeatureStatusBar* featureStatusBar() const;
     QSharedPointer<MenuService> menuService() const;
     QSharedPointer<WindowService> windowService() const;
     QSharedPointer<FeatureInstantiationService> instantiationService() const;
@@ -80,7 +100,10 @@ protected:
 private:
     void addPanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& factory);
     void removePanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& factory);
-    void onDeviceSelected();
+    void onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    void addContextMenuEntries();
+    void createCameraActions();
 
     QSharedPointer<Backend::CameraPool> m_pool;
     QSharedPointer<WindowService> m_windowService;
@@ -89,9 +112,13 @@ private:
     QPointer<Plugin::FeatureTree::IFeatureTreeControlService> m_controlService;
     QHash<Plugin::AppCore::IDockPanelFactory*, QDockWidget*> m_panelDocks; // children
     QDockWidget* m_devicesDock;                                            // child
-    QListWidget* m_devices;                                                // child
-    QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> m_deviceInfos;
-    bool m_layoutRestored = false; // the saved or first-shown layout is in place
+    DevicesPane* m_devicesPane;                                            // child
+    VisibilityToolBar* m_visibilityToolBar;                                // child
+    FeatureStatusBar* m_statusBar;                                         // child
+    QAction* m_refreshAction = nullptr;                                    // child
+    QAction* m_closeAction = nullptr;                                      // child
+    QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries
+    bool m_layoutRestored = false;            // the saved or first-shown layout is in place
 };
 
 } // namespace VantoViewer

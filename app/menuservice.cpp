@@ -15,7 +15,8 @@ MenuService::MenuService(QMenuBar* menuBar, QObject* parent)
       m_activeContext(Core::CId(Constants::C_GLOBAL_CONTEXT))
 {
     addMenu(Core::CId(Constants::M_CAMERA), tr("&Camera"),
-            {QString::fromLatin1(Constants::G_CAMERA_FEATURES)});
+            {QString::fromLatin1(Constants::G_CAMERA_DEVICES),
+             QString::fromLatin1(Constants::G_CAMERA_FEATURES)});
     addMenu(Core::CId(Constants::M_WINDOW), tr("&Window"),
             {QString::fromLatin1(Constants::G_WINDOW_WINDOWS)});
 }
@@ -74,10 +75,7 @@ bool MenuService::addAction(const Core::CId& actionId, QAction* action, const Co
     }
     QMenu* menu = menuEntry->menu;
     menu->insertAction(groups.at(groupIndex).end, action);
-    // A line between groups only when a later group has entries too.
-    if (groupIndex > 0) {
-        groups.at(groupIndex - 1).end->setVisible(true);
-    }
+    updateSeparators(*menuEntry);
 
     ActionEntry entry{action, menu, context};
     updateEnabled(entry);
@@ -86,7 +84,13 @@ bool MenuService::addAction(const Core::CId& actionId, QAction* action, const Co
     connect(action, &QObject::destroyed, this, [this, id]() {
         const auto it = m_actions.find(id);
         if (it != m_actions.end() && !it->action) {
+            const QPointer<QMenu> menu = it->menu;
             m_actions.erase(it);
+            for (const MenuEntry& menuEntry : qAsConst(m_menus)) {
+                if (menu && menuEntry.menu == menu) {
+                    updateSeparators(menuEntry);
+                }
+            }
         }
     });
     return true;
@@ -97,6 +101,11 @@ void MenuService::removeAction(const Core::CId& actionId)
     const ActionEntry entry = m_actions.take(actionId.toString());
     if (entry.action && entry.menu) {
         entry.menu->removeAction(entry.action);
+        for (const MenuEntry& menuEntry : qAsConst(m_menus)) {
+            if (menuEntry.menu == entry.menu) {
+                updateSeparators(menuEntry);
+            }
+        }
     }
 }
 
@@ -134,6 +143,29 @@ void MenuService::setActiveContext(const Plugin::AppCore::CContext& context)
 QAction* MenuService::action(const Core::CId& actionId) const
 {
     return m_actions.value(actionId.toString()).action;
+}
+
+void MenuService::updateSeparators(const MenuEntry& entry)
+{
+    if (!entry.menu) {
+        return;
+    }
+    // A line between two groups only when both have entries; empty groups show nothing.
+    const QList<QAction*> actions = entry.menu->actions();
+    QList<bool> filled;
+    int start = 0;
+    for (const Group& group : entry.groups) {
+        const int end = actions.indexOf(group.end);
+        filled.append(end > start);
+        start = end + 1;
+    }
+    for (int i = 0; i < entry.groups.size(); ++i) {
+        bool laterFilled = false;
+        for (int j = i + 1; j < filled.size(); ++j) {
+            laterFilled = laterFilled || filled.at(j);
+        }
+        entry.groups.at(i).end->setVisible(filled.at(i) && laterFilled);
+    }
 }
 
 void MenuService::updateEnabled(ActionEntry& entry) const

@@ -48,6 +48,7 @@ private:
     };
 
     QMenu* addMenu(const Core::CId& menuId, const QString& title, const QStringList& groupIds);
+    static void updateSeparators(const MenuEntry& entry);
     void updateEnabled(ActionEntry& entry) const;
 
     QPointer<QMenuBar> m_menuBar;

@@ -9,12 +9,15 @@
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QLibrary>
+#include <QLoggingCategory>
 #include <QPluginLoader>
 #include <QVariantMap>
 
-#ifndef VANTOVIEWER_INSTALL_PLUGIN_DIR
-#define VANTOVIEWER_INSTALL_PLUGIN_DIR "/usr/local/lib/vantoviewer/plugins"
-#endif
+namespace {
+// Quiet unless asked for: QT_LOGGING_RULES="vanto.viewer.plugins.info=true" tells which file an
+// installed viewer really loaded.
+Q_LOGGING_CATEGORY(lcPlugins, "vanto.viewer.plugins", QtWarningMsg)
+} // namespace
 
 namespace VantoViewer {
 
@@ -33,9 +36,11 @@ QStringList PluginManager::pluginFolders(const QString& extraFolder)
     if (!extraFolder.isEmpty()) {
         folders.append(QDir(extraFolder).absolutePath());
     }
-    folders.append(
-        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../plugins")));
-    folders.append(QStringLiteral(VANTOVIEWER_INSTALL_PLUGIN_DIR));
+    const QString appDir = QCoreApplication::applicationDirPath();
+    folders.append(QDir::cleanPath(appDir + QStringLiteral("/../plugins")));
+    // Relative to the executable, so an installed tree works wherever it was installed to.
+    folders.append(QDir::cleanPath(appDir + QLatin1Char('/') +
+                                   QStringLiteral(VANTOVIEWER_RELATIVE_PLUGIN_DIR)));
     return folders;
 }
 
@@ -95,6 +100,7 @@ bool PluginManager::load(const QString& fileName)
         return false;
     }
     m_loaded.append({loader, plugin, false});
+    qCInfo(lcPlugins).noquote() << "loaded" << QFileInfo(fileName).absoluteFilePath();
     return true;
 }
 

@@ -32,7 +32,8 @@ public:
     ~PluginManager() override;
 
     // Folders searched in order: the --plugin-dir folder first when given, then ../plugins next
-    // to the executable, then the installed plug-in folder.
+    // to the executable (the build tree), then the installed plug-in folder, found relative to
+    // the executable (<bindir>/../lib/vantoviewer/plugins for the default layout).
     static QStringList pluginFolders(const QString& extraFolder = QString());
     // The first file of that base name ("Nodescope") in the folders; empty when none has it.
     static QString findPlugin(const QString& baseName, const QStringList& folders);
@@ -42,6 +43,8 @@ public:
 
     // Loads and initializes one plug-in; postInitialize() follows in postInitializeAll().
     // False, with the reason in errorString(), when it cannot be loaded or refuses to start.
+    // The loaded file is logged in the category "vanto.viewer.plugins" at info level, which is
+    // off unless enabled through QT_LOGGING_RULES.
     bool load(const QString& fileName);
     void postInitializeAll();
     // Widgets that the plug-ins made must be gone before this: their code leaves with them.

@@ -2,6 +2,7 @@
 
 #include <camerapool/ibaseinfo.h>
 #include <core/iservice.h>
+#include <genapi/genapitypes.h>
 
 #include <QSharedPointer>
 
@@ -24,6 +25,9 @@ public Q_SLOTS:
     virtual void unregisterDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) = 0;
     virtual void setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) = 0;
     virtual void refreshFeatureTree() = 0;
+    // The host's visibility selector: every panel shows features up to this level from now on,
+    // and cameras registered later open at it.
+    virtual void setVisibility(GenApi::EVisibility visibility) = 0;
 
 Q_SIGNALS:
     void deviceRegistered(QSharedPointer<Plugin::CameraPool::IBaseInfo> info);
@@ -31,6 +35,7 @@ Q_SIGNALS:
     void activeDeviceChanged(QSharedPointer<Plugin::CameraPool::IBaseInfo> info);
     void featureTreeRefreshRequested();
     void pollingStateChanged(bool on);
+    void visibilityChangeRequested(GenApi::EVisibility visibility);
 };
 
 } // namespace FeatureTree

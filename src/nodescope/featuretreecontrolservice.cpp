@@ -31,6 +31,11 @@ void CFeatureTreeControlService::refreshFeatureTree()
     Q_EMIT featureTreeRefreshRequested();
 }
 
+void CFeatureTreeControlService::setVisibility(GenApi::EVisibility visibility)
+{
+    Q_EMIT visibilityChangeRequested(visibility);
+}
+
 } // namespace Internal
 } // namespace Nodescope
 } // namespace Plugin

@@ -18,6 +18,7 @@ public Q_SLOTS:
     void unregisterDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) override;
     void setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo> info) override;
     void refreshFeatureTree() override;
+    void setVisibility(GenApi::EVisibility visibility) override;
 };
 
 } // namespace Internal

@@ -140,6 +140,8 @@ CFeatureTreeWidget::CFeatureTreeWidget(
                 &CFeatureTreeWidget::onRefreshRequested);
         connect(service, &IFeatureTreeControlService::pollingStateChanged, this,
                 &CFeatureTreeWidget::onPollingStateChanged);
+        connect(service, &IFeatureTreeControlService::visibilityChangeRequested, this,
+                &CFeatureTreeWidget::onVisibilityRequested);
     }
     connectOptionsMenu();
     livePanels().append(this);
@@ -459,6 +461,25 @@ void CFeatureTreeWidget::onRefreshRequested()
 {
     if (m_activeTree) {
         m_activeTree->on_resetButton_clicked();
+    }
+}
+
+void CFeatureTreeWidget::onVisibilityRequested(GenApi::EVisibility visibility)
+{
+    if (visibility < GenApi::Beginner || visibility > GenApi::Guru) {
+        qDebug() << "Visibility level out of range:" << int(visibility);
+        return;
+    }
+    m_visibility = visibility;
+    if (m_windowService) {
+        m_windowService->saveState(m_widgetId, QLatin1String(Constants::STATE_VISIBILITY),
+                                   int(visibility));
+    }
+    for (FeatureTreeWidget* tree : qAsConst(m_trees)) {
+        // Hidden trees too: switching cameras must not switch levels.
+        if (tree->visibility() != visibility) {
+            tree->onVisibilityChanged(int(visibility));
+        }
     }
 }
 

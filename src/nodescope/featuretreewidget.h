@@ -76,6 +76,8 @@ public Q_SLOTS:
     void onParameterCollectionAttached(const QString& nodeMapName);
 
     void onRefreshRequested();
+    // The host's visibility selector: every tree of the panel follows.
+    void onVisibilityRequested(GenApi::EVisibility visibility);
     void copyCameraFeatures();
     // The feature tab editor, filled from the stored tabs and the active camera.
     void showOptionsMenu();

@@ -8,7 +8,7 @@ static void registerResources()
     Q_INIT_RESOURCE(nodescope);
     Q_INIT_RESOURCE(vantoviewercomponents);
     Q_INIT_RESOURCE(qml);
-    Q_INIT_RESOURCE(nodescope_translations);
+    Q_INIT_RESOURCE(Nodescope_translations);
 }
 
 namespace Plugin {

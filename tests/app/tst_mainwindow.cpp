@@ -1,19 +1,31 @@
 #include "apptestsupport.h"
 
+#include "devicespane.h"
+#include "featurestatusbar.h"
 #include "mainwindow.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
+#include "visibilitytoolbar.h"
+#include "windowservice.h"
 
 #include <appcore/appcoreconstants.h>
 #include <camerapool.h>
 #include <featuretree/ifeaturetreestatusservice.h>
+#include <parametercollection/iparametercollection.h>
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDockWidget>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
+#include <QLineEdit>
+#include <QSet>
+#include <QToolButton>
+#include <QTreeView>
 #include <QListWidget>
 #include <QMenu>
 #include <QStatusBar>
@@ -22,8 +34,10 @@
 
 #include <memory>
 
+using VantoViewer::DevicesPane;
 using VantoViewer::MainWindow;
 using VantoViewer::PluginManager;
+using VantoViewer::VisibilityToolBar;
 namespace Constants = Plugin::AppCore::Constants;
 
 namespace {
@@ -48,6 +62,85 @@ int visibleTreeRows(QDockWidget* dock)
 {
     QAbstractItemView* view = visibleTree(dock);
     return view && view->model() ? view->model()->rowCount() : 0;
+}
+
+// Roles of the plug-in's feature tree, part of its contract with views.
+constexpr int FULL_NAME_ROLE = Qt::UserRole + 1;
+constexpr int IS_CATEGORY_ROLE = Qt::UserRole + 5;
+
+// Full names of the features below `parent`, fetching rows that are built on demand.
+void collectFeatures(QAbstractItemModel* model, const QModelIndex& parent, QStringList* names)
+{
+    while (model->canFetchMore(parent)) {
+        model->fetchMore(parent);
+    }
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        const QString name = index.data(FULL_NAME_ROLE).toString();
+        if (!index.data(IS_CATEGORY_ROLE).toBool() && name.contains(QLatin1Char('/'))) {
+            names->append(name);
+        }
+        collectFeatures(model, index, names);
+    }
+}
+
+QModelIndex findFeature(QAbstractItemModel* model, const QModelIndex& parent,
+                        const QString& fullName)
+{
+    while (model->canFetchMore(parent)) {
+        model->fetchMore(parent);
+    }
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        if (index.data(FULL_NAME_ROLE).toString() == fullName) {
+            return index;
+        }
+        const QModelIndex below = findFeature(model, index, fullName);
+        if (below.isValid()) {
+            return below;
+        }
+    }
+    return {};
+}
+
+// Rows the view shows (not hidden by the visibility level) below `parent`, expanded.
+int shownFeatureRows(QTreeView* view, const QModelIndex& parent)
+{
+    QAbstractItemModel* model = view->model();
+    int shown = 0;
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        if (view->isRowHidden(row, parent)) {
+            continue;
+        }
+        const QModelIndex index = model->index(row, 0, parent);
+        if (!index.data(IS_CATEGORY_ROLE).toBool() &&
+            index.data(FULL_NAME_ROLE).toString().contains(QLatin1Char('/'))) {
+            ++shown;
+        }
+        shown += shownFeatureRows(view, index);
+    }
+    return shown;
+}
+
+QStringList basicUseCaseFeatures()
+{
+    // The plug-in's resources are the process's once it is loaded.
+    QFile file(QStringLiteral(":/nodescope/usecases/basic.json"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QStringList names;
+    const QJsonArray useCases = QJsonDocument::fromJson(file.readAll())
+                                    .object()
+                                    .value(QStringLiteral("UseCases"))
+                                    .toArray();
+    for (const QJsonValue& useCase : useCases) {
+        for (const QJsonValue& name :
+             useCase.toObject().value(QStringLiteral("Parameters")).toArray()) {
+            names.append(name.toString());
+        }
+    }
+    return names;
 }
 
 QAction* actionNamed(QMenu* menu, const QString& text)
@@ -75,18 +168,8 @@ private:
     void startHost()
     {
         m_pool = QSharedPointer<Backend::CameraPool>::create();
-        m_plugins = std::make_unique<PluginManager>();
-        m_window = std::make_unique<MainWindow>(m_pool);
-        for (const auto& service : m_window->hostServices()) {
-            m_plugins->registerService(service);
-        }
-        const QString file = PluginManager::findPlugin(
-            QStringLiteral("Nodescope"), {QStringLiteral(VANTOVIEWER_TEST_PLUGIN_DIR)});
-        QVERIFY2(m_plugins->load(file), qPrintable(m_plugins->errorString()));
-        m_window->attachPluginServices(m_plugins->initializer());
-        m_plugins->postInitializeAll();
-        m_window->restoreLayout();
-        m_window->show();
+        const QString failure = startTestHost(m_pool, m_plugins, m_window);
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
     }
 
     void stopHost()
@@ -144,7 +227,7 @@ private Q_SLOTS:
         // Given the simulated camera opened and listed
         const auto info = m_pool->openSimulated();
         m_window->addDevice(info);
-        auto* devices = m_window->devicesDock()->findChild<QListWidget*>();
+        auto* devices = m_window->devicesPane()->deviceList();
         QCOMPARE(devices->count(), 1);
         QCOMPARE(devices->item(0)->text(), info->getFriendlyName());
 
@@ -182,7 +265,218 @@ private Q_SLOTS:
         auto* placeholder = all->findChild<QLabel*>(QStringLiteral("placeholderLabel"));
         QTRY_VERIFY(placeholder->isVisible());
         QVERIFY(!visibleTree(all));
-        QCOMPARE(m_window->devicesDock()->findChild<QListWidget*>()->count(), 0);
+        QCOMPARE(m_window->devicesPane()->deviceList()->count(), 0);
+    }
+
+    void basicPanelShowsTheBasicUseCase()
+    {
+        QDockWidget* basic = m_window->panelDock(Core::CId("Nodescope.Widget.Basic"));
+        basic->show();
+        basic->raise();
+        m_window->addDevice(m_pool->openSimulated());
+        QTRY_VERIFY(visibleTreeRows(basic) > 0);
+
+        QStringList shown;
+        collectFeatures(visibleTree(basic)->model(), QModelIndex(), &shown);
+        const QStringList basicList = basicUseCaseFeatures();
+        QVERIFY(!basicList.isEmpty());
+        QVERIFY(shown.contains(QStringLiteral("@CameraDevice/Width")));
+        QVERIFY(shown.contains(QStringLiteral("@CameraDevice/PixelFormat")));
+        for (const QString& name : qAsConst(shown)) {
+            QVERIFY2(basicList.contains(name), qPrintable(name));
+        }
+        // Every basic feature that the all-features panel shows at this level is there too,
+        // and the all-features panel shows more.
+        QStringList all;
+        collectFeatures(
+            visibleTree(m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID)))->model(),
+            QModelIndex(), &all);
+        for (const QString& name : qAsConst(all)) {
+            QVERIFY2(!basicList.contains(name) || shown.contains(name), qPrintable(name));
+        }
+        QVERIFY(all.size() > shown.size());
+    }
+
+    void editingAValueInTheTreeWritesItToTheCamera()
+    {
+        const auto info = m_pool->openSimulated();
+        m_window->addDevice(info);
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+        auto* view = qobject_cast<QTreeView*>(visibleTree(all));
+        QVERIFY(view);
+        const QModelIndex width =
+            findFeature(view->model(), QModelIndex(), QStringLiteral("@CameraDevice/Width"));
+        QVERIFY(width.isValid());
+        view->scrollTo(width);
+        const QModelIndex value = width.sibling(width.row(), 1);
+
+        // When the user types a new width into the value editor and presses Enter
+        view->setCurrentIndex(value);
+        view->edit(value);
+        QWidget* editor = view->indexWidget(value);
+        QTRY_VERIFY(editor || view->findChild<QLineEdit*>());
+        QLineEdit* line = editor ? editor->findChild<QLineEdit*>() : nullptr;
+        if (!line) {
+            line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        }
+        QVERIFY2(line, "no text field in the width editor");
+        line->selectAll();
+        QTest::keyClicks(line, QStringLiteral("800"));
+        QTest::keyClick(line, Qt::Key_Return);
+
+        // Then the camera has it
+        const auto parameter = m_pool->getParameterCollection(info)->getParameter(
+            QStringLiteral("@CameraDevice/Width"));
+        QVERIFY(parameter);
+        auto* integer = qobject_cast<ParameterCollection::IIntegerParameter*>(parameter.data());
+        QVERIFY(integer);
+        QTRY_COMPARE(integer->getValue(), qint64(800));
+    }
+
+    void visibilityToolBarSetsTheLevelOfThePanels()
+    {
+        m_window->addDevice(m_pool->openSimulated());
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+        auto* view = qobject_cast<QTreeView*>(visibleTree(all));
+        view->expandAll();
+        VisibilityToolBar* toolBar = m_window->visibilityToolBar();
+        QCOMPARE(toolBar->level(), GenApi::Beginner);
+        const int beginnerRows = shownFeatureRows(view, QModelIndex());
+        QVERIFY(beginnerRows > 0);
+
+        // When the user picks Guru on the tool bar
+        toolBar->actionFor(GenApi::Guru)->trigger();
+
+        // Then the panel shows more features and keeps the level, as does the window
+        view->expandAll();
+        QVERIFY(shownFeatureRows(view, QModelIndex()) > beginnerRows);
+        QCOMPARE(m_window->visibility(), GenApi::Guru);
+        QCOMPARE(m_window->windowService()
+                     ->restoreState(Core::CId(MainWindow::DEFAULT_PANEL_ID),
+                                    QStringLiteral("Visibility"), QVariant())
+                     .toInt(),
+                 int(GenApi::Guru));
+
+        // And back to Beginner shows the Beginner features again
+        toolBar->actionFor(GenApi::Beginner)->trigger();
+        view->expandAll();
+        QCOMPARE(shownFeatureRows(view, QModelIndex()), beginnerRows);
+    }
+
+    void toolBarFollowsTheLevelThePanelsReport()
+    {
+        const auto status =
+            m_plugins->initializer()->getService<Plugin::FeatureTree::IFeatureTreeStatusService>();
+        QVERIFY(status);
+        Q_EMIT status->visibilityChanged(GenApi::Expert);
+        QCOMPARE(m_window->visibilityToolBar()->level(), GenApi::Expert);
+        QVERIFY(m_window->visibilityToolBar()->actionFor(GenApi::Expert)->isChecked());
+        m_window->setVisibility(GenApi::Beginner);
+    }
+
+    void statusBarShowsTheCurrentFeature()
+    {
+        const auto info = m_pool->openSimulated();
+        m_window->addDevice(info);
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+        auto* view = visibleTree(all);
+        const QModelIndex width =
+            findFeature(view->model(), QModelIndex(), QStringLiteral("@CameraDevice/Width"));
+        QVERIFY(width.isValid());
+
+        view->setCurrentIndex(width);
+
+        const auto parameter = m_pool->getParameterCollection(info)->getParameter(
+            QStringLiteral("@CameraDevice/Width"));
+        const QString displayName = parameter->getProperty(QStringLiteral("DisplayName"));
+        const QString description = parameter->getProperty(QStringLiteral("Description"));
+        QVERIFY(!description.isEmpty());
+        QTRY_COMPARE(m_window->featureStatusBar()->featureText(),
+                     displayName + QStringLiteral(": ") + description.simplified());
+
+        // A camera that goes clears the field.
+        m_window->removeDevice(info);
+        QCOMPARE(m_window->featureStatusBar()->featureText(), QString());
+    }
+
+    void lostCameraIsMarkedAndReported()
+    {
+        const auto info = m_pool->openSimulated();
+        m_window->addDevice(info);
+        const auto collection = m_pool->getParameterCollection(info);
+
+        // The backend's word that the device is gone, as its worker reports it
+        Q_EMIT collection->deviceLost(QStringLiteral("control channel closed"));
+
+        QVERIFY(m_window->devicesPane()->isMarkedLost(info));
+        QVERIFY(m_window->featureStatusBar()->errorText().contains(
+            QStringLiteral("control channel closed")));
+        QVERIFY(m_window->featureStatusBar()->errorText().contains(info->getFriendlyName()));
+        // Still listed: the user closes it when ready.
+        QCOMPARE(m_window->devicesPane()->devices().size(), 1);
+    }
+
+    void devicesPaneOpensAndClosesCameras()
+    {
+        DevicesPane* pane = m_window->devicesPane();
+        auto* open = pane->findChild<QAction*>(QStringLiteral("openBuiltInAction"));
+        QVERIFY(open);
+
+        open->trigger();
+
+        QCOMPARE(pane->devices().size(), 1);
+        QCOMPARE(m_pool->getOpenDevices().size(), 1);
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+
+        auto* close = pane->findChild<QToolButton*>(QStringLiteral("closeButton"));
+        QVERIFY(close->isEnabled());
+        QTest::mouseClick(close, Qt::LeftButton);
+
+        QCOMPARE(pane->devices().size(), 0);
+        QCOMPARE(m_pool->getOpenDevices().size(), 0);
+        QVERIFY(!close->isEnabled());
+        QTRY_VERIFY(all->findChild<QLabel*>(QStringLiteral("placeholderLabel"))->isVisible());
+    }
+
+    void failedOpenIsReportedAndChangesNothing()
+    {
+        m_window->addDevice(m_pool->openSimulated());
+        QTemporaryDir dir;
+        const QString broken = dir.filePath(QStringLiteral("broken.xml"));
+        QFile file(broken);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<RegisterDescription><Category Name=\"Root\">");
+        file.close();
+
+        QVERIFY(!m_window->openSimulatedCamera(broken));
+
+        QVERIFY(m_window->featureStatusBar()->errorText().contains(broken));
+        QCOMPARE(m_window->devicesPane()->devices().size(), 1);
+        QVERIFY(visibleTreeRows(m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID))) > 0);
+    }
+
+    void featureTreeContextMenuHasTheWindowsEntries()
+    {
+        QMenu* shared = m_window->menuService()->contextMenu(Core::CId(Constants::CM_FEATURE_TREE));
+        QVERIFY(shared);
+        QVERIFY(actionNamed(shared, QStringLiteral("Refresh Features")));
+        auto* levels =
+            shared->findChild<QMenu*>(QStringLiteral("VantoViewer.ContextMenu.Visibility"));
+        QVERIFY(levels);
+        QCOMPARE(levels->actions().size(), 3);
+        QVERIFY(actionNamed(levels, QStringLiteral("Guru")));
+    }
+
+    void panelsCanBeShownByIdOrTitle()
+    {
+        QVERIFY(m_window->showPanel(QStringLiteral("Nodescope.Widget.Basic")));
+        QVERIFY(m_window->panelDock(Core::CId("Nodescope.Widget.Basic"))->isVisible());
+        QVERIFY(m_window->showPanel(QStringLiteral("features – all")));
+        QVERIFY(!m_window->showPanel(QStringLiteral("Nodescope.Widget.Nothing")));
     }
 
     void statusBarShowsThePanelsMessages()
@@ -194,9 +488,21 @@ private Q_SLOTS:
         QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("Width: 640"));
     }
 
-    // Last: it leaves a layout behind for the next run.
+    // Last: they leave settings behind for the next run.
+    void visibilityIsKeptBetweenRuns();
     void panelLayoutIsRestoredInTheNextRun();
 };
+
+void TestMainWindow::visibilityIsKeptBetweenRuns()
+{
+    m_window->setVisibility(GenApi::Expert);
+
+    stopHost();
+    startHost();
+
+    QCOMPARE(m_window->visibility(), GenApi::Expert);
+    m_window->setVisibility(GenApi::Beginner);
+}
 
 void TestMainWindow::panelLayoutIsRestoredInTheNextRun()
 {

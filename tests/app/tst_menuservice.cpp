@@ -69,6 +69,27 @@ private Q_SLOTS:
         QVERIFY(visibleTexts(service.menu(Core::CId(Constants::M_WINDOW))).isEmpty());
     }
 
+    void groupsAreSeparatedOnlyWhenBothHaveEntries()
+    {
+        MenuService service(nullptr);
+        QAction copy(QStringLiteral("Copy Camera Features"));
+        QAction open(QStringLiteral("Open Camera"));
+        QMenu* camera = service.menu(Core::CId(Constants::M_CAMERA));
+
+        QVERIFY(service.addAction(Core::CId("Test.Copy"), &copy, Core::CId(Constants::M_CAMERA),
+                                  Core::CId(Constants::G_CAMERA_FEATURES), GLOBAL));
+        QCOMPARE(visibleTexts(camera), QStringList({QStringLiteral("Copy Camera Features")}));
+
+        QVERIFY(service.addAction(Core::CId("Test.Open"), &open, Core::CId(Constants::M_CAMERA),
+                                  Core::CId(Constants::G_CAMERA_DEVICES), GLOBAL));
+        QCOMPARE(visibleTexts(camera),
+                 QStringList({QStringLiteral("Open Camera"), QStringLiteral("--"),
+                              QStringLiteral("Copy Camera Features")}));
+
+        service.removeAction(Core::CId("Test.Copy"));
+        QCOMPARE(visibleTexts(camera), QStringList({QStringLiteral("Open Camera")}));
+    }
+
     void addActionRefuses_data()
     {
         QTest::addColumn<QString>("actionId");

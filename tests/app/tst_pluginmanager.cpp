@@ -13,10 +13,40 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <QtTest>
 
 using VantoViewer::PluginManager;
+
+namespace {
+
+// Lines logged in one category while an instance lives.
+class CategoryLog {
+public:
+    explicit CategoryLog(const char* category)
+    {
+        s_category = category;
+        s_lines.clear();
+        m_previous = qInstallMessageHandler(&CategoryLog::handle);
+    }
+    ~CategoryLog() { qInstallMessageHandler(m_previous); }
+    QStringList lines() const { return s_lines; }
+
+private:
+    static void handle(QtMsgType, const QMessageLogContext& context, const QString& message)
+    {
+        if (context.category && QLatin1String(context.category) == QLatin1String(s_category)) {
+            s_lines.append(message);
+        }
+    }
+
+    static inline const char* s_category = nullptr;
+    static inline QStringList s_lines;
+    QtMessageHandler m_previous = nullptr;
+};
+
+} // namespace
 
 class TestPluginManager : public QObject {
     Q_OBJECT
@@ -31,15 +61,67 @@ private Q_SLOTS:
         isolateSettings(m_settingsDir.path());
     }
 
-    void pluginFoldersPutTheGivenFolderFirst()
+    void pluginFoldersPutTheGivenFolderFirstThenTheBuildTreeThenTheInstalledFolder()
     {
+        // Given an extra folder, when the folders are listed
         const QStringList folders = PluginManager::pluginFolders(QStringLiteral("/opt/extra"));
+
+        // Then it comes first, the build tree's plugins folder second, the installed one last
+        const QString appDir = QCoreApplication::applicationDirPath();
+        QCOMPARE(folders,
+                 QStringList({QStringLiteral("/opt/extra"), QDir::cleanPath(appDir + "/../plugins"),
+                              QDir::cleanPath(appDir + "/" VANTOVIEWER_RELATIVE_PLUGIN_DIR)}));
+    }
+
+    void pluginFoldersWithoutAnExtraFolderAreTheBuildTreeAndTheInstalledFolder()
+    {
+        const QString appDir = QCoreApplication::applicationDirPath();
+        QCOMPARE(PluginManager::pluginFolders(),
+                 QStringList({QDir::cleanPath(appDir + "/../plugins"),
+                              QDir::cleanPath(appDir + "/" VANTOVIEWER_RELATIVE_PLUGIN_DIR)}));
+        QCOMPARE(PluginManager::pluginFolders(QString()), PluginManager::pluginFolders());
+    }
+
+    void installedPluginFolderIsFoundRelativeToTheExecutable()
+    {
+        // An installed tree may be moved to any prefix: the folder must follow the executable
+        // and never be a path fixed when the build was configured.
+        QVERIFY(QDir::isRelativePath(QStringLiteral(VANTOVIEWER_RELATIVE_PLUGIN_DIR)));
+        const QString installed = PluginManager::pluginFolders().last();
+        const QString appParent = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/..");
+        QVERIFY2(installed.startsWith(appParent + QLatin1Char('/')), qPrintable(installed));
+        QVERIFY2(installed.endsWith(QStringLiteral("/vantoviewer/plugins")), qPrintable(installed));
+    }
+
+    void relativeExtraFolderIsMadeAbsolute()
+    {
+        const QStringList folders = PluginManager::pluginFolders(QStringLiteral("extra"));
+        QCOMPARE(folders.first(), QDir::current().absoluteFilePath(QStringLiteral("extra")));
         QCOMPARE(folders.size(), 3);
-        QCOMPARE(folders.at(0), QStringLiteral("/opt/extra"));
-        QCOMPARE(folders.at(1),
-                 QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../plugins"));
-        QVERIFY(folders.at(2).endsWith(QStringLiteral("/vantoviewer/plugins")));
-        QCOMPARE(PluginManager::pluginFolders().size(), 2);
+    }
+
+    void findPluginTakesTheFirstFolderThatHasIt()
+    {
+        // Given the same plug-in file name in two folders, and a folder without it
+        QTemporaryDir first;
+        QTemporaryDir second;
+        QTemporaryDir empty;
+        QVERIFY(first.isValid() && second.isValid() && empty.isValid());
+        for (const QTemporaryDir* dir : {&first, &second}) {
+            QFile file(dir->filePath(QStringLiteral("libNodescope.so")));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+
+        // Then the earlier folder wins, whichever order they are given in
+        const QString name = QStringLiteral("Nodescope");
+        QCOMPARE(PluginManager::findPlugin(name, {first.path(), second.path()}),
+                 first.filePath(QStringLiteral("libNodescope.so")));
+        QCOMPARE(PluginManager::findPlugin(name, {second.path(), first.path()}),
+                 second.filePath(QStringLiteral("libNodescope.so")));
+        // And a folder without it is passed over
+        QCOMPARE(PluginManager::findPlugin(name, {empty.path(), second.path()}),
+                 second.filePath(QStringLiteral("libNodescope.so")));
+        QVERIFY(PluginManager::findPlugin(name, {empty.path()}).isEmpty());
     }
 
     void findPluginFindsTheBuiltModule()
@@ -51,6 +133,33 @@ private Q_SLOTS:
         QVERIFY(PluginManager::findPlugin(QStringLiteral("NoSuchPlugin"),
                                           {QStringLiteral(VANTOVIEWER_TEST_PLUGIN_DIR)})
                     .isEmpty());
+    }
+
+    void loadLogsThePluginFileOnlyWhenAsked()
+    {
+        const QString file = PluginManager::findPlugin(
+            QStringLiteral("Nodescope"), {QStringLiteral(VANTOVIEWER_TEST_PLUGIN_DIR)});
+        QVERIFY(!file.isEmpty());
+        {
+            // Quiet by default
+            CategoryLog log("vanto.viewer.plugins");
+            PluginManager manager;
+            QVERIFY2(manager.load(file), qPrintable(manager.errorString()));
+            manager.unloadAll();
+            QCOMPARE(log.lines(), QStringList());
+        }
+        {
+            // When the category is enabled, the loaded file is named
+            QLoggingCategory::setFilterRules(QStringLiteral("vanto.viewer.plugins.info=true"));
+            CategoryLog log("vanto.viewer.plugins");
+            PluginManager manager;
+            QVERIFY2(manager.load(file), qPrintable(manager.errorString()));
+            manager.unloadAll();
+            QLoggingCategory::setFilterRules(QString());
+            QCOMPARE(log.lines().size(), 1);
+            QVERIFY2(log.lines().first().endsWith(QFileInfo(file).absoluteFilePath()),
+                     qPrintable(log.lines().first()));
+        }
     }
 
     void loadRefusesAFileThatIsNoPlugin()

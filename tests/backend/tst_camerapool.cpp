@@ -51,6 +51,7 @@ private Q_SLOTS:
     void shouldOpenBuiltinCameraWithFourModules();
     void shouldReadAndWriteEveryTypeOnBuiltinCamera();
     void shouldRefuseWhatTheBuiltinCameraForbids();
+    void shouldKeepOlderFeatureNamesInStepWithTheStandardOnes();
     void shouldCompleteCommandsAndReportIsDone();
     void shouldOpenFakeGigECameraByAddressAndNoticeItsDeath();
 };
@@ -194,6 +195,43 @@ void tst_CameraPool::shouldReadAndWriteEveryTypeOnBuiltinCamera()
     QVERIFY(rate->getParameterData()->available); // the dependency graph re-read it
 }
 
+void tst_CameraPool::shouldKeepOlderFeatureNamesInStepWithTheStandardOnes()
+{
+    Builtin camera;
+    const auto integer = [&](const char* name) {
+        return qobject_cast<ParameterCollection::IIntegerParameter*>(camera.get(name).data());
+    };
+    const auto floating = [&](const char* name) {
+        return qobject_cast<ParameterCollection::IFloatParameter*>(camera.get(name).data());
+    };
+
+    // Raw gain counts tenths of a decibel
+    integer("GainRaw")->setValue(125);
+    camera.sync();
+    QCOMPARE(floating("Gain")->getValue(), 12.5);
+    floating("Gain")->setValue(3.04);
+    camera.sync();
+    QCOMPARE(integer("GainRaw")->getValue(), qint64(30));
+    QCOMPARE(integer("GainRaw")->getMax(), qint64(240));
+
+    // The older exposure and frame rate names are the same settings
+    floating("ExposureTimeAbs")->setValue(2500.0);
+    camera.sync();
+    QCOMPARE(floating("ExposureTime")->getValue(), 2500.0);
+    QVERIFY(!camera.get("AcquisitionFrameRateAbs")->getParameterData()->available);
+    camera.get("AcquisitionFrameRateEnable")->setValue(true);
+    camera.sync();
+    QVERIFY(camera.get("AcquisitionFrameRateAbs")->getParameterData()->available);
+    floating("AcquisitionFrameRate")->setValue(20.0);
+    camera.sync();
+    QCOMPARE(floating("AcquisitionFrameRateAbs")->getValue(), 20.0);
+
+    // And locked together while the camera controls the exposure
+    camera.get("ExposureAuto")->setValue(QStringLiteral("Continuous"));
+    camera.sync();
+    QVERIFY(camera.get("ExposureTimeAbs")->getParameterData()->locked);
+}
+
 void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
 {
     Builtin camera;
@@ -203,10 +241,10 @@ void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
     QCOMPARE(thrownText<AccessException>(
                  [&] { camera.get("AcquisitionFrameRate")->setValue(QVariant(10.0)); }),
              QStringLiteral("[AcquisitionFrameRate] the feature is not available"));
-    const auto legacy = camera.get("ExposureTimeAbs");
-    QCOMPARE(legacy->getParameterData()->accessMode, GenApi::NI);
-    QCOMPARE(thrownText<AccessException>([&] { legacy->setValue(QVariant(10.0)); }),
-             QStringLiteral("[ExposureTimeAbs] the feature is not implemented"));
+    const auto absent = camera.get("ExposureTimeMode");
+    QCOMPARE(absent->getParameterData()->accessMode, GenApi::NI);
+    QCOMPARE(thrownText<AccessException>([&] { absent->setValue(QStringLiteral("UltraShort")); }),
+             QStringLiteral("[ExposureTimeMode] the feature is not implemented"));
     camera.get("ExposureAuto")->setValue(QStringLiteral("Continuous"));
     camera.sync();
     QVERIFY(camera.get("ExposureTime")->getParameterData()->locked);

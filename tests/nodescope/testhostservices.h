@@ -40,6 +40,10 @@ public Q_SLOTS:
         Q_EMIT activeDeviceChanged(info);
     }
     void refreshFeatureTree() override { Q_EMIT featureTreeRefreshRequested(); }
+    void setVisibility(GenApi::EVisibility visibility) override
+    {
+        Q_EMIT visibilityChangeRequested(visibility);
+    }
 };
 
 class TestMenuService : public Plugin::AppCore::IMenuService {

@@ -118,6 +118,8 @@ private Q_SLOTS:
     void shouldOfferTheFeatureTabEditorInTheWindowMenu();
     void shouldListCopyAndOtherPluginsEntriesInTheContextMenu();
     void shouldOpenNewTreesAtTheLastChosenLevel();
+    void shouldApplyTheHostsVisibilityToEveryTree();
+    void shouldIgnoreAVisibilityOutOfRange();
     void shouldApplyThePollingStateToEveryTree();
     void shouldFollowPollingSwitchedInOneTree();
     void shouldListTheStoredFeaturesOfItsUserTab();
@@ -579,6 +581,49 @@ void tst_CameraFeatureTreeWidget::shouldOpenNewTreesAtTheLastChosenLevel()
              int(GenApi::Guru));
     m_control->registerDevice(m_secondCamera);
     QCOMPARE(panel->treeOf(m_secondCamera)->visibility(), GenApi::Guru);
+}
+
+void tst_CameraFeatureTreeWidget::shouldApplyTheHostsVisibilityToEveryTree()
+{
+    auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
+    m_control->registerDevice(m_camera);
+    m_control->registerDevice(m_secondCamera);
+    m_control->setActiveDevice(m_camera);
+    QCOMPARE(panel->treeOf(m_camera)->visibility(), GenApi::Beginner);
+    QSignalSpy forwarded(panel.get(), &CFeatureTreeWidget::visibilityChanged);
+
+    // When the host's selector asks for Guru
+    m_control->setVisibility(GenApi::Guru);
+
+    // Then the shown tree and the hidden one show Guru features, the status display hears of
+    // it once, from the shown tree, and the level is kept for the next run
+    QCOMPARE(panel->treeOf(m_camera)->visibility(), GenApi::Guru);
+    QCOMPARE(panel->treeOf(m_secondCamera)->visibility(), GenApi::Guru);
+    QCOMPARE(forwarded.count(), 1);
+    QCOMPARE(forwarded.at(0).at(0).value<GenApi::EVisibility>(), GenApi::Guru);
+    QCOMPARE(m_windows
+                 ->restoreState(Core::CId(Constants::W_FEATURETREE_WIDGET_ALL),
+                                QStringLiteral("Visibility"), QVariant())
+                 .toInt(),
+             int(GenApi::Guru));
+
+    // And asking again for the same level changes nothing
+    m_control->setVisibility(GenApi::Guru);
+    QCOMPARE(forwarded.count(), 1);
+}
+
+void tst_CameraFeatureTreeWidget::shouldIgnoreAVisibilityOutOfRange()
+{
+    auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
+    m_control->registerDevice(m_camera);
+    m_control->setActiveDevice(m_camera);
+    m_control->setVisibility(GenApi::Expert);
+    MessageCapture messages;
+
+    m_control->setVisibility(GenApi::Invisible);
+
+    QCOMPARE(messages.lines(), QStringList({QStringLiteral("Visibility level out of range: 3")}));
+    QCOMPARE(panel->treeOf(m_camera)->visibility(), GenApi::Expert);
 }
 
 void tst_CameraFeatureTreeWidget::shouldApplyThePollingStateToEveryTree()

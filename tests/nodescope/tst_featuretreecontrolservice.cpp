@@ -27,6 +27,7 @@ private Q_SLOTS:
     void shouldEmitActiveDeviceChangedWithTheSameCamera();
     void shouldPassANullCameraOnUnchanged();
     void shouldEmitRefreshRequestedOnRefresh();
+    void shouldAskForTheVisibilityTheHostChose();
     void shouldEmitOnlyTheMatchingSignal_data();
     void shouldEmitOnlyTheMatchingSignal();
     void shouldDeliverTheCameraThroughAQueuedConnection();
@@ -81,6 +82,17 @@ void tst_FeatureTreeControlService::shouldPassANullCameraOnUnchanged()
     QVERIFY(spy.at(0).at(0).value<BaseInfoPtr>().isNull());
 }
 
+void tst_FeatureTreeControlService::shouldAskForTheVisibilityTheHostChose()
+{
+    CFeatureTreeControlService service;
+    QSignalSpy spy(&service, &CFeatureTreeControlService::visibilityChangeRequested);
+
+    service.setVisibility(GenApi::Expert);
+
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.at(0).at(0).value<GenApi::EVisibility>(), GenApi::Expert);
+}
+
 void tst_FeatureTreeControlService::shouldEmitRefreshRequestedOnRefresh()
 {
     CFeatureTreeControlService service;
@@ -101,6 +113,7 @@ void tst_FeatureTreeControlService::shouldEmitOnlyTheMatchingSignal_data()
     QTest::newRow("unregisterDevice") << "unregisterDevice" << QStringList{"unregistered"};
     QTest::newRow("setActiveDevice") << "setActiveDevice" << QStringList{"active"};
     QTest::newRow("refreshFeatureTree") << "refreshFeatureTree" << QStringList{"refresh"};
+    QTest::newRow("setVisibility") << "setVisibility" << QStringList{"visibility"};
 }
 
 void tst_FeatureTreeControlService::shouldEmitOnlyTheMatchingSignal()
@@ -120,10 +133,15 @@ void tst_FeatureTreeControlService::shouldEmitOnlyTheMatchingSignal()
             [&emitted] { emitted << QStringLiteral("refresh"); });
     connect(&service, &CFeatureTreeControlService::pollingStateChanged, this,
             [&emitted] { emitted << QStringLiteral("polling"); });
+    connect(&service, &CFeatureTreeControlService::visibilityChangeRequested, this,
+            [&emitted] { emitted << QStringLiteral("visibility"); });
 
     const BaseInfoPtr camera = makeCamera();
     if (slot == QLatin1String("refreshFeatureTree")) {
         QVERIFY(QMetaObject::invokeMethod(&service, "refreshFeatureTree"));
+    } else if (slot == QLatin1String("setVisibility")) {
+        QVERIFY(QMetaObject::invokeMethod(&service, "setVisibility",
+                                          Q_ARG(GenApi::EVisibility, GenApi::Guru)));
     } else {
         QVERIFY(QMetaObject::invokeMethod(&service, qPrintable(slot),
                                           Q_ARG(Plugin::CameraPool::BaseInfoPtr, camera)));

@@ -39,6 +39,7 @@
 #include <QSplitter>
 #include <QStandardItemModel>
 #include <QToolButton>
+#include <QHBoxLayout>
 #include <QtTest>
 
 #include <functional>
@@ -752,6 +753,39 @@ private Q_SLOTS:
         // Then the tree shows the camera's value, and the wait cursor is gone again
         QTRY_COMPARE(value.data().toString(), QStringLiteral("99"));
         QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void shouldRefreshOnlyThePanelInUseWhenTwoShareTheWindow()
+    {
+        // Given two panels side by side in one window, each counting its refreshes
+        QWidget window;
+        auto* layout = new QHBoxLayout(&window);
+        auto first = QSharedPointer<FaultyCollection>::create(m_collection);
+        auto second =
+            QSharedPointer<FaultyCollection>::create(openTestDescription(QStringLiteral("tree")));
+        auto* left = new FeatureTreeWidget(QStringLiteral("TreeTest"), nullptr, &window,
+                                           GenApi::Guru, false);
+        auto* right = new FeatureTreeWidget(QStringLiteral("TreeTest"), nullptr, &window,
+                                            GenApi::Guru, false);
+        left->addParameterCollection(first, QStringLiteral("Camera"), kPrefix);
+        right->addParameterCollection(second, QStringLiteral("Camera"), kPrefix);
+        layout->addWidget(left);
+        layout->addWidget(right);
+        window.resize(1400, 600);
+        activate(&window);
+
+        // When the user presses F5 in the right one, twice
+        right->treeView()->setFocus();
+        QTest::keyClick(right->treeView(), Qt::Key_F5);
+        QTest::keyClick(right->treeView(), Qt::Key_F5);
+
+        // Then the right one refreshes each time, the left one never
+        QTRY_COMPARE(second->refreshCount, 2);
+        QCOMPARE(first->refreshCount, 0);
+        left->treeView()->setFocus();
+        QTest::keyClick(left->treeView(), Qt::Key_F5);
+        QTRY_COMPARE(first->refreshCount, 1);
+        QCOMPARE(second->refreshCount, 2);
     }
 
     void shouldAskTheCollectionForFreshValuesOnRefresh()

@@ -1,4 +1,5 @@
 #include "nodescoperesources.h"
+#include "../translationfiles.h"
 
 #include <core/alocalizedplugin.h>
 #include <core/iplugininitializer.h>
@@ -19,34 +20,9 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+using namespace TranslationFiles;
+
 namespace {
-
-const QStringList LANGUAGES = {QStringLiteral("en"), QStringLiteral("ja"), QStringLiteral("ko"),
-                               QStringLiteral("zh")};
-
-struct TsMessage {
-    QString context;
-    QString source;
-    QString comment;
-    QString type;
-    bool numerus = false;
-    // One entry, or one per plural form.
-    QStringList translations;
-
-    QString key() const { return context + QLatin1Char('|') + source + QLatin1Char('|') + comment; }
-    QString where() const { return QStringLiteral("%1 \"%2\"").arg(context, source); }
-};
-
-struct TsFile {
-    QString language;
-    QList<TsMessage> messages;
-    QString error;
-};
-
-QString sourceDir()
-{
-    return QString::fromLocal8Bit(qgetenv("NODESCOPE_SOURCE_DIR"));
-}
 
 QString translationsDir()
 {
@@ -56,160 +32,6 @@ QString translationsDir()
 QString tsPath(const QString& language)
 {
     return QDir(translationsDir()).filePath(QStringLiteral("Nodescope_%1.ts").arg(language));
-}
-
-void readTranslation(QXmlStreamReader& xml, TsMessage& message)
-{
-    message.type = xml.attributes().value(QLatin1String("type")).toString();
-    if (!message.numerus) {
-        message.translations.append(xml.readElementText());
-        return;
-    }
-    while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("numerusform")) {
-            message.translations.append(xml.readElementText());
-        } else {
-            xml.skipCurrentElement();
-        }
-    }
-}
-
-TsMessage readMessage(QXmlStreamReader& xml, const QString& context)
-{
-    TsMessage message;
-    message.context = context;
-    message.numerus = xml.attributes().value(QLatin1String("numerus")) == QLatin1String("yes");
-    while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("source")) {
-            message.source = xml.readElementText();
-        } else if (xml.name() == QLatin1String("comment")) {
-            message.comment = xml.readElementText();
-        } else if (xml.name() == QLatin1String("translation")) {
-            readTranslation(xml, message);
-        } else {
-            xml.skipCurrentElement();
-        }
-    }
-    return message;
-}
-
-TsFile readTsFile(const QString& path)
-{
-    TsFile ts;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        ts.error = QStringLiteral("cannot open %1").arg(path);
-        return ts;
-    }
-    QXmlStreamReader xml(&file);
-    if (!xml.readNextStartElement() || xml.name() != QLatin1String("TS")) {
-        ts.error = QStringLiteral("%1 is no translation file").arg(path);
-        return ts;
-    }
-    ts.language = xml.attributes().value(QLatin1String("language")).toString();
-    while (xml.readNextStartElement()) {
-        if (xml.name() != QLatin1String("context")) {
-            xml.skipCurrentElement();
-            continue;
-        }
-        QString context;
-        while (xml.readNextStartElement()) {
-            if (xml.name() == QLatin1String("name")) {
-                context = xml.readElementText();
-            } else if (xml.name() == QLatin1String("message")) {
-                ts.messages.append(readMessage(xml, context));
-            } else {
-                xml.skipCurrentElement();
-            }
-        }
-    }
-    if (xml.hasError()) {
-        ts.error = QStringLiteral("%1, line %2: %3")
-                       .arg(path)
-                       .arg(xml.lineNumber())
-                       .arg(xml.errorString());
-    }
-    return ts;
-}
-
-QSet<QString> keys(const TsFile& ts)
-{
-    QSet<QString> result;
-    for (const TsMessage& message : ts.messages) {
-        result.insert(message.key());
-    }
-    return result;
-}
-
-QString describe(QSet<QString> keys)
-{
-    QStringList list = keys.values();
-    list.sort();
-    return list.join(QStringLiteral("; "));
-}
-
-QSet<QString> placeholders(const QString& text)
-{
-    static const QRegularExpression pattern(QStringLiteral("%L?([1-9][0-9]?|n)"));
-    QSet<QString> result;
-    auto it = pattern.globalMatch(text);
-    while (it.hasNext()) {
-        result.insert(it.next().captured(1));
-    }
-    return result;
-}
-
-// The character after a single "&" is the keyboard accelerator; "&&" is a literal ampersand.
-bool hasAccelerator(const QString& text)
-{
-    for (int i = 0; i + 1 < text.size(); ++i) {
-        if (text.at(i) == QLatin1Char('&')) {
-            if (text.at(i + 1) != QLatin1Char('&')) {
-                return true;
-            }
-            ++i;
-        }
-    }
-    return false;
-}
-
-QString leadingBlanks(const QString& text)
-{
-    int n = 0;
-    while (n < text.size() && text.at(n).isSpace()) {
-        ++n;
-    }
-    return text.left(n);
-}
-
-QString trailingBlanks(const QString& text)
-{
-    int n = 0;
-    while (n < text.size() && text.at(text.size() - 1 - n).isSpace()) {
-        ++n;
-    }
-    return text.right(n);
-}
-
-bool hasNonLatinLetter(const QString& text)
-{
-    for (const QChar c : text) {
-        if (c.unicode() > 0x024F && c.isLetter()) {
-            return true;
-        }
-    }
-    return false;
-}
-
-QString lupdatePath()
-{
-    const QString qtTool = QDir(QLibraryInfo::location(QLibraryInfo::BinariesPath))
-                               .filePath(QStringLiteral("lupdate"));
-    if (QFileInfo(qtTool).isExecutable()) {
-        return qtTool;
-    }
-    const QString systemTool = QStringLiteral("/usr/bin/lupdate");
-    return QFileInfo(systemTool).isExecutable() ? systemTool : QString();
 }
 
 // The plug-in's localisation as the plug-in entry sets it up.
@@ -277,15 +99,7 @@ private Q_SLOTS:
 
         QVERIFY2(ts.error.isEmpty(), qPrintable(ts.error));
         QVERIFY(!ts.messages.isEmpty());
-        QStringList problems;
-        for (const TsMessage& message : ts.messages) {
-            if (!message.type.isEmpty()) {
-                problems.append(message.where() + QStringLiteral(" is ") + message.type);
-            }
-            if (message.translations.isEmpty() || message.translations.contains(QString())) {
-                problems.append(message.where() + QStringLiteral(" has no translation"));
-            }
-        }
+        const QStringList problems = untranslated(ts);
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QStringLiteral("\n"))));
     }
 
@@ -324,15 +138,7 @@ private Q_SLOTS:
         const TsFile ts = readTsFile(tsPath(language));
 
         QVERIFY2(ts.error.isEmpty(), qPrintable(ts.error));
-        QStringList problems;
-        for (const TsMessage& message : ts.messages) {
-            const QSet<QString> expected = placeholders(message.source);
-            for (const QString& translation : message.translations) {
-                if (placeholders(translation) != expected) {
-                    problems.append(message.where() + QStringLiteral(" -> ") + translation);
-                }
-            }
-        }
+        const QStringList problems = placeholderProblems(ts);
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QStringLiteral("\n"))));
     }
 
@@ -344,17 +150,7 @@ private Q_SLOTS:
         const TsFile ts = readTsFile(tsPath(language));
 
         QVERIFY2(ts.error.isEmpty(), qPrintable(ts.error));
-        QStringList problems;
-        for (const TsMessage& message : ts.messages) {
-            for (const QString& translation : message.translations) {
-                if (hasAccelerator(translation) != hasAccelerator(message.source) ||
-                    leadingBlanks(translation) != leadingBlanks(message.source) ||
-                    trailingBlanks(translation) != trailingBlanks(message.source)) {
-                    problems.append(message.where() + QStringLiteral(" -> \"") + translation +
-                                    QLatin1Char('"'));
-                }
-            }
-        }
+        const QStringList problems = acceleratorProblems(ts);
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QStringLiteral("\n"))));
     }
 
@@ -472,16 +268,11 @@ private Q_SLOTS:
         const QDir root(sourceDir());
 
         // Given the texts that lupdate collects from the code, the way the .ts files are made
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(lupdate, {QStringLiteral("-locations"), QStringLiteral("none"),
-                                QStringLiteral("-no-obsolete"),
-                                root.filePath(QStringLiteral("src/nodescope")),
-                                root.filePath(QStringLiteral("resources/qml")),
-                                QStringLiteral("-ts"), collected});
-        QVERIFY2(process.waitForFinished(120000), qPrintable(process.errorString()));
-        QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
-                 process.readAll().constData());
+        const QString failure = collectCodeTexts(lupdate,
+                                                 {root.filePath(QStringLiteral("src/nodescope")),
+                                                  root.filePath(QStringLiteral("resources/qml"))},
+                                                 collected);
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
         const TsFile code = readTsFile(collected);
         QVERIFY2(code.error.isEmpty(), qPrintable(code.error));
         QVERIFY(!code.messages.isEmpty());

@@ -32,6 +32,10 @@ public Q_SLOTS:
         Q_EMIT activeDeviceChanged(info);
     }
     void refreshFeatureTree() override { Q_EMIT featureTreeRefreshRequested(); }
+    void setVisibility(GenApi::EVisibility visibility) override
+    {
+        Q_EMIT visibilityChangeRequested(visibility);
+    }
 };
 
 // A panel that spells the camera type by its typedef name, as older panels do.
@@ -87,6 +91,9 @@ private Q_SLOTS:
         QTest::newRow("setActiveDevice")
             << QByteArray("setActiveDevice(QSharedPointer<Plugin::CameraPool::IBaseInfo>)") << slot;
         QTest::newRow("refreshFeatureTree") << QByteArray("refreshFeatureTree()") << slot;
+        QTest::newRow("setVisibility") << QByteArray("setVisibility(GenApi::EVisibility)") << slot;
+        QTest::newRow("visibilityChangeRequested")
+            << QByteArray("visibilityChangeRequested(GenApi::EVisibility)") << signal;
         QTest::newRow("deviceRegistered")
             << QByteArray("deviceRegistered(QSharedPointer<Plugin::CameraPool::IBaseInfo>)")
             << signal;
@@ -186,6 +193,21 @@ private Q_SLOTS:
         QCOMPARE(panel.devices.at(0), first);
         QCOMPARE(panel.devices.at(1), second);
         QCOMPARE(panel.devices.at(1)->getSerialNumber(), QStringLiteral("SIM0002"));
+    }
+
+    void shouldCarryTheVisibilityThroughQueuedStringConnections()
+    {
+        ControlService service;
+        QList<GenApi::EVisibility> levels;
+        QVERIFY(QObject::connect(
+            &service, &IFeatureTreeControlService::visibilityChangeRequested, &service,
+            [&levels](GenApi::EVisibility level) { levels.append(level); }, Qt::QueuedConnection));
+
+        QVERIFY(QMetaObject::invokeMethod(&service, "setVisibility", Qt::QueuedConnection,
+                                          Q_ARG(GenApi::EVisibility, GenApi::Expert)));
+
+        QVERIFY(levels.isEmpty());
+        QTRY_COMPARE(levels, QList<GenApi::EVisibility>({GenApi::Expert}));
     }
 
     void shouldCarryThePollingState()

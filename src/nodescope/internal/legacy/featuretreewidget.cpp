@@ -194,6 +194,7 @@ FeatureTreeWidget::FeatureTreeWidget(const QString& cameraType,
     ui->splitter->setStretchFactor(2, kTableStretch);
     // The search field clears on a second Escape in a row; typing in between breaks the row.
     ui->filterEdit->installEventFilter(this);
+    ui->resetButton->installEventFilter(this);
     // The name columns follow the width of their views.
     ui->treeView->viewport()->installEventFilter(this);
     ui->nodescopeTableView->viewport()->installEventFilter(this);
@@ -1055,6 +1056,21 @@ bool FeatureTreeWidget::eventFilter(QObject* watched, QEvent* event)
     if (watched == ui->filterEdit && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
         s_escapePressed = false;
+    }
+    if (watched == ui->resetButton && event->type() == QEvent::Shortcut &&
+        static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+        // Panels side by side in one window share the refresh key, and Qt would only move the
+        // focus between their buttons: the panel the user works in refreshes.
+        FeatureTreeWidget* target = this;
+        for (QWidget* widget = QApplication::focusWidget(); widget;
+             widget = widget->parentWidget()) {
+            if (auto* panel = qobject_cast<FeatureTreeWidget*>(widget)) {
+                target = panel;
+                break;
+            }
+        }
+        target->ui->resetButton->click();
+        return true;
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -7,10 +7,12 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QDir>
 #include <QDomDocument>
 #include <QDomElement>
 #include <QDomNodeList>
 #include <QFile>
+#include <QLoggingCategory>
 #include <QStringList>
 
 // A static library's resources stay unregistered until someone asks for them, and rcc's init
@@ -18,6 +20,10 @@
 using namespace ParameterCollection;
 
 namespace {
+// Off by default: QT_LOGGING_RULES="nodescope.filter.info=true" tells which filter file was read,
+// the installed one or the built-in copy.
+Q_LOGGING_CATEGORY(lcFilter, "nodescope.filter", QtWarningMsg)
+
 // The filter used to live in the widget; log lines keep its origin so old reports still match.
 const char* const kSourcePath = "src/nodescope/internal/legacy/featuretreewidget";
 
@@ -114,6 +120,7 @@ bool NodeMapFilter::createDocument(QDomDocument& doc,
                        qUtf8Printable(error), line, column);
                 return false;
             }
+            qCInfo(lcFilter).noquote() << "read" << QDir::cleanPath(file.fileName());
             return true;
         }
     }

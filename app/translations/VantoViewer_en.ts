@@ -1,0 +1,202 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en_US">
+<context>
+    <name>VantoViewer::DevicesPane</name>
+    <message>
+        <source>%1 (lost)</source>
+        <translation>%1 (lost)</translation>
+    </message>
+    <message>
+        <source>Found cameras (double-click to open):</source>
+        <translation>Found cameras (double-click to open):</translation>
+    </message>
+    <message>
+        <source>Camera by IP Address or ID...</source>
+        <translation>Camera by IP Address or ID...</translation>
+    </message>
+    <message>
+        <source>Built-in Simulated Camera</source>
+        <translation>Built-in Simulated Camera</translation>
+    </message>
+    <message>
+        <source>Simulated Camera from GenICam File...</source>
+        <translation>Simulated Camera from GenICam File...</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Open a camera</source>
+        <translation>Open a camera</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Close the selected camera</source>
+        <translation>Close the selected camera</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Scan</translation>
+    </message>
+    <message>
+        <source>Look for cameras on every network interface and on USB</source>
+        <translation>Look for cameras on every network interface and on USB</translation>
+    </message>
+    <message>
+        <source>Scanning...</source>
+        <translation>Scanning...</translation>
+    </message>
+    <message>
+        <source>Open Camera</source>
+        <translation>Open Camera</translation>
+    </message>
+    <message>
+        <source>IP address or device ID:</source>
+        <translation>IP address or device ID:</translation>
+    </message>
+    <message>
+        <source>Simulate a Camera</source>
+        <translation>Simulate a Camera</translation>
+    </message>
+    <message>
+        <source>GenICam descriptions (*.xml *.zip)</source>
+        <translation>GenICam descriptions (*.xml *.zip)</translation>
+    </message>
+    <message>
+        <source>ID: %1
+Serial number: %2
+Transport: %3</source>
+        <translation>ID: %1
+Serial number: %2
+Transport: %3</translation>
+    </message>
+    <message>
+        <source>No cameras found</source>
+        <translation>No cameras found</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MainWindow</name>
+    <message>
+        <source>Devices</source>
+        <translation>Devices</translation>
+    </message>
+    <message>
+        <source>Vanto Viewer</source>
+        <translation>Vanto Viewer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n camera(s) found</source>
+        <translation>
+            <numerusform>%n camera found</numerusform>
+            <numerusform>%n cameras found</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Ready</translation>
+    </message>
+    <message>
+        <source>Open Camera by IP Address or ID...</source>
+        <translation>Open Camera by IP Address or ID...</translation>
+    </message>
+    <message>
+        <source>Open Built-in Simulated Camera</source>
+        <translation>Open Built-in Simulated Camera</translation>
+    </message>
+    <message>
+        <source>Close Camera</source>
+        <translation>Close Camera</translation>
+    </message>
+    <message>
+        <source>Refresh Features</source>
+        <translation>Refresh Features</translation>
+    </message>
+    <message>
+        <source>Reads every shown feature from the camera again</source>
+        <translation>Reads every shown feature from the camera again</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>Cannot open %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot simulate %1: %2</source>
+        <translation>Cannot simulate %1: %2</translation>
+    </message>
+    <message>
+        <source>the built-in camera</source>
+        <translation>the built-in camera</translation>
+    </message>
+    <message>
+        <source>%1 is lost: %2</source>
+        <translation>%1 is lost: %2</translation>
+    </message>
+    <message>
+        <source>Visibility</source>
+        <translation>Visibility</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MenuService</name>
+    <message>
+        <source>&amp;Camera</source>
+        <translation>&amp;Camera</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Window</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PluginManager</name>
+    <message>
+        <source>%1 is no Vanto Viewer plug-in: %2</source>
+        <translation>%1 is no Vanto Viewer plug-in: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>Cannot load %1: %2</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 did not start.</source>
+        <translation>The plug-in %1 did not start.</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::VisibilityToolBar</name>
+    <message>
+        <source>Visibility</source>
+        <translation>Visibility</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>Beginner</translation>
+    </message>
+    <message>
+        <source>Show the features needed for basic camera set-up</source>
+        <translation>Show the features needed for basic camera set-up</translation>
+    </message>
+    <message>
+        <source>Expert</source>
+        <translation>Expert</translation>
+    </message>
+    <message>
+        <source>Also show the features for advanced set-up</source>
+        <translation>Also show the features for advanced set-up</translation>
+    </message>
+    <message>
+        <source>Guru</source>
+        <translation>Guru</translation>
+    </message>
+    <message>
+        <source>Show every feature, including those that need care</source>
+        <translation>Show every feature, including those that need care</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,201 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP" sourcelanguage="en_US">
+<context>
+    <name>VantoViewer::DevicesPane</name>
+    <message>
+        <source>%1 (lost)</source>
+        <translation>%1 (切断)</translation>
+    </message>
+    <message>
+        <source>Found cameras (double-click to open):</source>
+        <translation>見つかったカメラ (ダブルクリックで開く):</translation>
+    </message>
+    <message>
+        <source>Camera by IP Address or ID...</source>
+        <translation>IP アドレスまたは ID でカメラを指定...</translation>
+    </message>
+    <message>
+        <source>Built-in Simulated Camera</source>
+        <translation>内蔵シミュレーションカメラ</translation>
+    </message>
+    <message>
+        <source>Simulated Camera from GenICam File...</source>
+        <translation>GenICam ファイルからシミュレーションカメラ...</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Open a camera</source>
+        <translation>カメラを開きます</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Close the selected camera</source>
+        <translation>選択したカメラを閉じます</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Look for cameras on every network interface and on USB</source>
+        <translation>すべてのネットワークインターフェースと USB でカメラを検索します</translation>
+    </message>
+    <message>
+        <source>Scanning...</source>
+        <translation>検索中...</translation>
+    </message>
+    <message>
+        <source>Open Camera</source>
+        <translation>カメラを開く</translation>
+    </message>
+    <message>
+        <source>IP address or device ID:</source>
+        <translation>IP アドレスまたはデバイス ID:</translation>
+    </message>
+    <message>
+        <source>Simulate a Camera</source>
+        <translation>カメラをシミュレート</translation>
+    </message>
+    <message>
+        <source>GenICam descriptions (*.xml *.zip)</source>
+        <translation>GenICam 記述ファイル (*.xml *.zip)</translation>
+    </message>
+    <message>
+        <source>ID: %1
+Serial number: %2
+Transport: %3</source>
+        <translation>ID: %1
+シリアル番号: %2
+トランスポート: %3</translation>
+    </message>
+    <message>
+        <source>No cameras found</source>
+        <translation>カメラが見つかりません</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MainWindow</name>
+    <message>
+        <source>Devices</source>
+        <translation>デバイス</translation>
+    </message>
+    <message>
+        <source>Vanto Viewer</source>
+        <translation>Vanto Viewer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n camera(s) found</source>
+        <translation>
+            <numerusform>%n 台のカメラが見つかりました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>準備完了</translation>
+    </message>
+    <message>
+        <source>Open Camera by IP Address or ID...</source>
+        <translation>IP アドレスまたは ID でカメラを開く...</translation>
+    </message>
+    <message>
+        <source>Open Built-in Simulated Camera</source>
+        <translation>内蔵シミュレーションカメラを開く</translation>
+    </message>
+    <message>
+        <source>Close Camera</source>
+        <translation>カメラを閉じる</translation>
+    </message>
+    <message>
+        <source>Refresh Features</source>
+        <translation>機能を更新</translation>
+    </message>
+    <message>
+        <source>Reads every shown feature from the camera again</source>
+        <translation>表示中のすべての機能をカメラから再度読み込みます</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>%1 を開けません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot simulate %1: %2</source>
+        <translation>%1 をシミュレートできません: %2</translation>
+    </message>
+    <message>
+        <source>the built-in camera</source>
+        <translation>内蔵カメラ</translation>
+    </message>
+    <message>
+        <source>%1 is lost: %2</source>
+        <translation>%1 との接続が切れました: %2</translation>
+    </message>
+    <message>
+        <source>Visibility</source>
+        <translation>表示レベル</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MenuService</name>
+    <message>
+        <source>&amp;Camera</source>
+        <translation>カメラ(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>ウィンドウ(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PluginManager</name>
+    <message>
+        <source>%1 is no Vanto Viewer plug-in: %2</source>
+        <translation>%1 は Vanto Viewer のプラグインではありません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 did not start.</source>
+        <translation>プラグイン %1 を開始できませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::VisibilityToolBar</name>
+    <message>
+        <source>Visibility</source>
+        <translation>表示レベル</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>初級</translation>
+    </message>
+    <message>
+        <source>Show the features needed for basic camera set-up</source>
+        <translation>基本的なカメラ設定に必要な機能を表示します</translation>
+    </message>
+    <message>
+        <source>Expert</source>
+        <translation>上級</translation>
+    </message>
+    <message>
+        <source>Also show the features for advanced set-up</source>
+        <translation>高度な設定用の機能も表示します</translation>
+    </message>
+    <message>
+        <source>Guru</source>
+        <translation>エキスパート</translation>
+    </message>
+    <message>
+        <source>Show every feature, including those that need care</source>
+        <translation>注意が必要な機能を含め、すべての機能を表示します</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,201 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ko_KR" sourcelanguage="en_US">
+<context>
+    <name>VantoViewer::DevicesPane</name>
+    <message>
+        <source>%1 (lost)</source>
+        <translation>%1 (연결 끊김)</translation>
+    </message>
+    <message>
+        <source>Found cameras (double-click to open):</source>
+        <translation>찾은 카메라 (두 번 클릭하여 열기):</translation>
+    </message>
+    <message>
+        <source>Camera by IP Address or ID...</source>
+        <translation>IP 주소 또는 ID로 카메라 지정...</translation>
+    </message>
+    <message>
+        <source>Built-in Simulated Camera</source>
+        <translation>내장 시뮬레이션 카메라</translation>
+    </message>
+    <message>
+        <source>Simulated Camera from GenICam File...</source>
+        <translation>GenICam 파일로 시뮬레이션 카메라...</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>Open a camera</source>
+        <translation>카메라를 엽니다</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Close the selected camera</source>
+        <translation>선택한 카메라를 닫습니다</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>검색</translation>
+    </message>
+    <message>
+        <source>Look for cameras on every network interface and on USB</source>
+        <translation>모든 네트워크 인터페이스와 USB에서 카메라를 찾습니다</translation>
+    </message>
+    <message>
+        <source>Scanning...</source>
+        <translation>검색 중...</translation>
+    </message>
+    <message>
+        <source>Open Camera</source>
+        <translation>카메라 열기</translation>
+    </message>
+    <message>
+        <source>IP address or device ID:</source>
+        <translation>IP 주소 또는 장치 ID:</translation>
+    </message>
+    <message>
+        <source>Simulate a Camera</source>
+        <translation>카메라 시뮬레이션</translation>
+    </message>
+    <message>
+        <source>GenICam descriptions (*.xml *.zip)</source>
+        <translation>GenICam 설명 파일 (*.xml *.zip)</translation>
+    </message>
+    <message>
+        <source>ID: %1
+Serial number: %2
+Transport: %3</source>
+        <translation>ID: %1
+일련 번호: %2
+전송 방식: %3</translation>
+    </message>
+    <message>
+        <source>No cameras found</source>
+        <translation>카메라를 찾지 못했습니다</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MainWindow</name>
+    <message>
+        <source>Devices</source>
+        <translation>장치</translation>
+    </message>
+    <message>
+        <source>Vanto Viewer</source>
+        <translation>Vanto Viewer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n camera(s) found</source>
+        <translation>
+            <numerusform>카메라 %n대를 찾았습니다</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>준비됨</translation>
+    </message>
+    <message>
+        <source>Open Camera by IP Address or ID...</source>
+        <translation>IP 주소 또는 ID로 카메라 열기...</translation>
+    </message>
+    <message>
+        <source>Open Built-in Simulated Camera</source>
+        <translation>내장 시뮬레이션 카메라 열기</translation>
+    </message>
+    <message>
+        <source>Close Camera</source>
+        <translation>카메라 닫기</translation>
+    </message>
+    <message>
+        <source>Refresh Features</source>
+        <translation>기능 새로 고침</translation>
+    </message>
+    <message>
+        <source>Reads every shown feature from the camera again</source>
+        <translation>표시된 모든 기능을 카메라에서 다시 읽습니다</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>%1을(를) 열 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Cannot simulate %1: %2</source>
+        <translation>%1을(를) 시뮬레이션할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>the built-in camera</source>
+        <translation>내장 카메라</translation>
+    </message>
+    <message>
+        <source>%1 is lost: %2</source>
+        <translation>%1 연결이 끊어졌습니다: %2</translation>
+    </message>
+    <message>
+        <source>Visibility</source>
+        <translation>표시 수준</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MenuService</name>
+    <message>
+        <source>&amp;Camera</source>
+        <translation>카메라(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>창(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PluginManager</name>
+    <message>
+        <source>%1 is no Vanto Viewer plug-in: %2</source>
+        <translation>%1은(는) Vanto Viewer 플러그인이 아닙니다: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1을(를) 불러올 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 did not start.</source>
+        <translation>플러그인 %1이(가) 시작되지 않았습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::VisibilityToolBar</name>
+    <message>
+        <source>Visibility</source>
+        <translation>표시 수준</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>초급</translation>
+    </message>
+    <message>
+        <source>Show the features needed for basic camera set-up</source>
+        <translation>기본 카메라 설정에 필요한 기능을 표시합니다</translation>
+    </message>
+    <message>
+        <source>Expert</source>
+        <translation>고급</translation>
+    </message>
+    <message>
+        <source>Also show the features for advanced set-up</source>
+        <translation>고급 설정용 기능도 표시합니다</translation>
+    </message>
+    <message>
+        <source>Guru</source>
+        <translation>전문가</translation>
+    </message>
+    <message>
+        <source>Show every feature, including those that need care</source>
+        <translation>주의가 필요한 기능을 포함하여 모든 기능을 표시합니다</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,201 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>VantoViewer::DevicesPane</name>
+    <message>
+        <source>%1 (lost)</source>
+        <translation>%1 (已断开)</translation>
+    </message>
+    <message>
+        <source>Found cameras (double-click to open):</source>
+        <translation>找到的相机 (双击打开):</translation>
+    </message>
+    <message>
+        <source>Camera by IP Address or ID...</source>
+        <translation>按 IP 地址或 ID 指定相机...</translation>
+    </message>
+    <message>
+        <source>Built-in Simulated Camera</source>
+        <translation>内置模拟相机</translation>
+    </message>
+    <message>
+        <source>Simulated Camera from GenICam File...</source>
+        <translation>从 GenICam 文件创建模拟相机...</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Open a camera</source>
+        <translation>打开相机</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Close the selected camera</source>
+        <translation>关闭所选相机</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>扫描</translation>
+    </message>
+    <message>
+        <source>Look for cameras on every network interface and on USB</source>
+        <translation>在所有网络接口和 USB 上查找相机</translation>
+    </message>
+    <message>
+        <source>Scanning...</source>
+        <translation>正在扫描...</translation>
+    </message>
+    <message>
+        <source>Open Camera</source>
+        <translation>打开相机</translation>
+    </message>
+    <message>
+        <source>IP address or device ID:</source>
+        <translation>IP 地址或设备 ID:</translation>
+    </message>
+    <message>
+        <source>Simulate a Camera</source>
+        <translation>模拟相机</translation>
+    </message>
+    <message>
+        <source>GenICam descriptions (*.xml *.zip)</source>
+        <translation>GenICam 描述文件 (*.xml *.zip)</translation>
+    </message>
+    <message>
+        <source>ID: %1
+Serial number: %2
+Transport: %3</source>
+        <translation>ID: %1
+序列号: %2
+传输方式: %3</translation>
+    </message>
+    <message>
+        <source>No cameras found</source>
+        <translation>未找到相机</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MainWindow</name>
+    <message>
+        <source>Devices</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>Vanto Viewer</source>
+        <translation>Vanto Viewer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n camera(s) found</source>
+        <translation>
+            <numerusform>找到 %n 台相机</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>就绪</translation>
+    </message>
+    <message>
+        <source>Open Camera by IP Address or ID...</source>
+        <translation>按 IP 地址或 ID 打开相机...</translation>
+    </message>
+    <message>
+        <source>Open Built-in Simulated Camera</source>
+        <translation>打开内置模拟相机</translation>
+    </message>
+    <message>
+        <source>Close Camera</source>
+        <translation>关闭相机</translation>
+    </message>
+    <message>
+        <source>Refresh Features</source>
+        <translation>刷新功能</translation>
+    </message>
+    <message>
+        <source>Reads every shown feature from the camera again</source>
+        <translation>从相机重新读取所有显示的功能</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>无法打开 %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot simulate %1: %2</source>
+        <translation>无法模拟 %1: %2</translation>
+    </message>
+    <message>
+        <source>the built-in camera</source>
+        <translation>内置相机</translation>
+    </message>
+    <message>
+        <source>%1 is lost: %2</source>
+        <translation>%1 已断开连接: %2</translation>
+    </message>
+    <message>
+        <source>Visibility</source>
+        <translation>可见性级别</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::MenuService</name>
+    <message>
+        <source>&amp;Camera</source>
+        <translation>相机(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>窗口(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PluginManager</name>
+    <message>
+        <source>%1 is no Vanto Viewer plug-in: %2</source>
+        <translation>%1 不是 Vanto Viewer 插件: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>无法加载 %1: %2</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 did not start.</source>
+        <translation>插件 %1 未能启动。</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::VisibilityToolBar</name>
+    <message>
+        <source>Visibility</source>
+        <translation>可见性级别</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>初级</translation>
+    </message>
+    <message>
+        <source>Show the features needed for basic camera set-up</source>
+        <translation>显示基本相机设置所需的功能</translation>
+    </message>
+    <message>
+        <source>Expert</source>
+        <translation>专家</translation>
+    </message>
+    <message>
+        <source>Also show the features for advanced set-up</source>
+        <translation>同时显示高级设置的功能</translation>
+    </message>
+    <message>
+        <source>Guru</source>
+        <translation>大师</translation>
+    </message>
+    <message>
+        <source>Show every feature, including those that need care</source>
+        <translation>显示所有功能，包括需要谨慎使用的功能</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,126 @@
+# cmake -DBUILD_DIR=... -DCONFIG=... -DBINDIR=bin -DLIBDIR=lib -DDATADIR=share -P tst_install.cmake
+#
+# Installs the build into a fresh temporary prefix, takes a screenshot with the installed viewer
+# and checks from its log that the plug-in and the filter file came from that prefix, not from
+# the build tree or from the copy built into the plug-in.
+
+foreach(var BUILD_DIR BINDIR LIBDIR DATADIR)
+    if(NOT DEFINED ${var} OR "${${var}}" STREQUAL "")
+        message(FATAL_ERROR "tst_install: ${var} is not set")
+    endif()
+endforeach()
+
+if(DEFINED ENV{TMPDIR} AND IS_DIRECTORY "$ENV{TMPDIR}")
+    set(tmp_root "$ENV{TMPDIR}")
+else()
+    set(tmp_root "/tmp")
+endif()
+string(RANDOM LENGTH 10 ALPHABET "abcdefghijklmnopqrstuvwxyz0123456789" suffix)
+set(work "${tmp_root}/tst_install-${suffix}")
+if(EXISTS "${work}")
+    message(FATAL_ERROR "tst_install: ${work} exists already")
+endif()
+set(prefix "${work}/prefix")
+file(MAKE_DIRECTORY "${prefix}" "${work}/home" "${work}/config")
+# The executable finds itself through /proc/self/exe, which has no symbolic links.
+get_filename_component(prefix "${prefix}" REALPATH)
+
+set(failures "")
+
+function(finish)
+    file(REMOVE_RECURSE "${work}")
+    if(failures)
+        list(JOIN failures "\n  " text)
+        message(FATAL_ERROR "tst_install failed:\n  ${text}")
+    endif()
+    message(STATUS "tst_install passed")
+endfunction()
+
+set(config_args "")
+if(CONFIG)
+    set(config_args --config "${CONFIG}")
+endif()
+execute_process(
+    COMMAND "${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}" ${config_args}
+    RESULT_VARIABLE install_result
+    OUTPUT_VARIABLE install_output
+    ERROR_VARIABLE install_output)
+if(NOT install_result EQUAL 0)
+    list(APPEND failures "cmake --install failed (${install_result}):\n${install_output}")
+    finish()
+endif()
+
+set(viewer "${prefix}/${BINDIR}/vantoviewer")
+set(plugin "${prefix}/${LIBDIR}/vantoviewer/plugins/libNodescope.so")
+set(filter "${prefix}/${DATADIR}/vanto/viewer/Default_Filter.xml")
+foreach(file "${viewer}" "${plugin}" "${filter}")
+    if(NOT EXISTS "${file}")
+        list(APPEND failures "not installed: ${file}")
+    endif()
+endforeach()
+
+# Nothing installed may lean on the build tree: the loader must find the SDK library through
+# $ORIGIN, below the prefix.
+find_program(LDD ldd)
+if(LDD)
+    foreach(binary "${viewer}" "${plugin}")
+        execute_process(COMMAND "${LDD}" "${binary}" OUTPUT_VARIABLE ldd_output
+            ERROR_VARIABLE ldd_output RESULT_VARIABLE ldd_result)
+        string(REGEX MATCH "libvantosdk[^\n]*=> ([^ \n]+)" match "${ldd_output}")
+        set(sdk_path "${CMAKE_MATCH_1}")
+        if(sdk_path)
+            # The loader reports it as found, through $ORIGIN: <prefix>/bin/../lib/...
+            get_filename_component(sdk_path "${sdk_path}" REALPATH)
+        endif()
+        if(NOT ldd_result EQUAL 0)
+            list(APPEND failures "ldd ${binary} failed:\n${ldd_output}")
+        elseif(NOT sdk_path STREQUAL "${prefix}/${LIBDIR}/libvantosdk.so")
+            list(APPEND failures
+                "${binary} does not load libvantosdk.so from the prefix:\n${ldd_output}")
+        endif()
+    endforeach()
+else()
+    message(STATUS "ldd not found: the loader paths are checked only by running the viewer")
+endif()
+
+# The user's own settings stay out of reach, and the build tree's libraries out of the path.
+set(ENV{HOME} "${work}/home")
+set(ENV{XDG_CONFIG_HOME} "${work}/config")
+set(ENV{QT_QPA_PLATFORM} "offscreen")
+set(ENV{QT_QUICK_BACKEND} "software")
+set(ENV{QT_LOGGING_RULES} "vanto.viewer.plugins.info=true;nodescope.filter.info=true")
+unset(ENV{LD_LIBRARY_PATH})
+unset(ENV{QT_PLUGIN_PATH})
+
+set(shot "${work}/shot.png")
+if(EXISTS "${viewer}")
+    execute_process(
+        COMMAND "${viewer}" --simulate --screenshot "${shot}"
+        WORKING_DIRECTORY "${work}"
+        RESULT_VARIABLE run_result
+        OUTPUT_VARIABLE run_output
+        ERROR_VARIABLE run_output
+        TIMEOUT 90)
+    if(NOT run_result EQUAL 0)
+        list(APPEND failures "the installed viewer ended with ${run_result}:\n${run_output}")
+    endif()
+    set(shot_size 0)
+    if(EXISTS "${shot}")
+        file(SIZE "${shot}" shot_size)
+    endif()
+    if(NOT shot_size GREATER 0)
+        list(APPEND failures "no screenshot, or an empty one, at ${shot}")
+    endif()
+    string(FIND "${run_output}" "loaded ${plugin}" plugin_at)
+    if(plugin_at EQUAL -1)
+        list(APPEND failures
+            "the log does not name the installed plug-in ${plugin}:\n${run_output}")
+    endif()
+    string(FIND "${run_output}" "read ${filter}" filter_at)
+    if(filter_at EQUAL -1)
+        list(APPEND failures
+            "the log does not name the installed filter file ${filter}:\n${run_output}")
+    endif()
+endif()
+
+finish()
