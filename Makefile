@@ -53,7 +53,8 @@ fuzz: setup
 	done
 
 bench: build
-	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; $$b || exit 1; done
+	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; \
+	    QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software $$b || exit 1; done
 
 clean:
 	rm -rf $(BUILD_DIR) build-sanitize build-fuzz
