@@ -16,11 +16,8 @@ namespace VantoViewer {
 
 namespace {
 constexpr int DISCOVERED_ROLE = Qt::UserRole + 1;
+constexpr int LOST_ROLE = Qt::UserRole + 2;
 
-QString lostText(const QString& name)
-{
-    return DevicesPane::tr("%1 (lost)").arg(name);
-}
 } // namespace
 
 DevicesPane::DevicesPane(QWidget* parent)
@@ -142,7 +139,8 @@ void DevicesPane::markLost(const BaseInfoPtr& info, const QString& message)
         return;
     }
     QListWidgetItem* item = m_devices->item(row);
-    item->setText(lostText(info->getFriendlyName()));
+    item->setData(LOST_ROLE, true);
+    item->setText(tr("%1 (lost)").arg(info->getFriendlyName()));
     item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
     item->setToolTip(info->getDeviceText() + QLatin1Char('\n') + message);
 }
@@ -150,7 +148,7 @@ void DevicesPane::markLost(const BaseInfoPtr& info, const QString& message)
 bool DevicesPane::isMarkedLost(const BaseInfoPtr& info) const
 {
     const int row = rowOf(info);
-    return row >= 0 && m_devices->item(row)->text() == lostText(info->getFriendlyName());
+    return row >= 0 && m_devices->item(row)->data(LOST_ROLE).toBool();
 }
 
 QList<DevicesPane::BaseInfoPtr> DevicesPane::devices() const

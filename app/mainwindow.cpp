@@ -222,16 +222,7 @@ void MainWindow::attachPluginServices(Core::Plugin::IPluginInitializer* initiali
                 &FeatureStatusBar::showFeature);
         // A level the panels chose themselves shows on the tool bar and is the one kept.
         connect(status.data(), &IFeatureTreeStatusService::visibilityChanged, this,
-                [this](GenApi::EVisibility visibility) {
-                    if (visibility >= GenApi::Beginner && visibility <= GenApi::Guru) {
-                        m_visibilityToolBar->setLevel(visibility);
-                        m_windowService->saveState(Core::CId(LAYOUT_ID),
-                                                   QLatin1String(VISIBILITY_KEY), int(visibility));
-                    }
-                });
-    }
-    if (m_controlService) {
-        m_controlService->setVisibility(m_visibilityToolBar->level());
+                &MainWindow::showVisibility);
     }
     for (const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info : m_devicesPane->devices()) {
         if (m_controlService) {
@@ -276,16 +267,8 @@ QSharedPointer<Plugin::CameraPool::IBaseInfo> MainWindow::openCamera(const QStri
     if (!m_pool || idOrAddress.trimmed().isEmpty()) {
         return {};
     }
-    try {
-        const WaitCursor wait;
-        QSharedPointer<Plugin::CameraPool::IBaseInfo> info = m_pool->openDevice(idOrAddress);
-        addDevice(info);
-        m_statusBar->clearError();
-        return info;
-    } catch (const ParameterCollection::Exception& e) {
-        m_statusBar->showError(tr("Cannot open %1: %2").arg(idOrAddress, e.text()));
-    }
-    return {};
+    return openAndList([&]() { return m_pool->openDevice(idOrAddress); }, tr("Cannot open %1: %2"),
+                       idOrAddress);
 }
 
 QSharedPointer<Plugin::CameraPool::IBaseInfo>
@@ -294,16 +277,23 @@ MainWindow::openSimulatedCamera(const QString& xmlFile)
     if (!m_pool) {
         return {};
     }
+    return openAndList([&]() { return m_pool->openSimulated(xmlFile); },
+                       tr("Cannot simulate %1: %2"),
+                       xmlFile.isEmpty() ? tr("the built-in camera") : xmlFile);
+}
+
+QSharedPointer<Plugin::CameraPool::IBaseInfo>
+MainWindow::openAndList(const std::function<QSharedPointer<Backend::CameraInfo>()>& open,
+                        const QString& failure, const QString& subject)
+{
     try {
         const WaitCursor wait;
-        QSharedPointer<Plugin::CameraPool::IBaseInfo> info = m_pool->openSimulated(xmlFile);
+        QSharedPointer<Plugin::CameraPool::IBaseInfo> info = open();
         addDevice(info);
         m_statusBar->clearError();
         return info;
     } catch (const ParameterCollection::Exception& e) {
-        m_statusBar->showError(
-            tr("Cannot simulate %1: %2")
-                .arg(xmlFile.isEmpty() ? tr("the built-in camera") : xmlFile, e.text()));
+        m_statusBar->showError(failure.arg(subject, e.text()));
     }
     return {};
 }
@@ -326,15 +316,20 @@ GenApi::EVisibility MainWindow::visibility() const
 
 void MainWindow::setVisibility(GenApi::EVisibility visibility)
 {
+    if (showVisibility(visibility) && m_controlService) {
+        m_controlService->setVisibility(visibility);
+    }
+}
+
+bool MainWindow::showVisibility(GenApi::EVisibility visibility)
+{
     if (visibility < GenApi::Beginner || visibility > GenApi::Guru) {
-        return;
+        return false;
     }
     m_visibilityToolBar->setLevel(visibility);
     m_windowService->saveState(Core::CId(LAYOUT_ID), QLatin1String(VISIBILITY_KEY),
                                int(visibility));
-    if (m_controlService) {
-        m_controlService->setVisibility(visibility);
-    }
+    return true;
 }
 
 void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)

@@ -9,11 +9,14 @@
 #include <QPointer>
 #include <QSharedPointer>
 
+#include <functional>
+
 class QAction;
 class QDockWidget;
 class QMenu;
 
 namespace Backend {
+class CameraInfo;
 class CameraPool;
 } // namespace Backend
 namespace Core {
@@ -100,6 +103,13 @@ protected:
 private:
     void addPanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& factory);
     void removePanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& factory);
+    QSharedPointer<Plugin::CameraPool::IBaseInfo>
+    // Opens through `open` and lists the camera; a failure shows as `failure` ("... %1: %2")
+    // with `subject` and the reason.
+    openAndList(const std::function<QSharedPointer<Backend::CameraInfo>()>& open,
+                const QString& failure, const QString& subject);
+    // Shows and keeps the level without asking the panels: they reported it, or are asked next.
+    bool showVisibility(GenApi::EVisibility visibility);
     void onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();

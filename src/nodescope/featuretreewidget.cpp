@@ -470,10 +470,13 @@ void CFeatureTreeWidget::onVisibilityRequested(GenApi::EVisibility visibility)
         qDebug() << "Visibility level out of range:" << int(visibility);
         return;
     }
-    m_visibility = visibility;
-    if (m_windowService) {
-        m_windowService->saveState(m_widgetId, QLatin1String(Constants::STATE_VISIBILITY),
-                                   int(visibility));
+    // The host repeats its level for every panel it adds: the settings are written on a change.
+    if (visibility != m_visibility) {
+        m_visibility = visibility;
+        if (m_windowService) {
+            m_windowService->saveState(m_widgetId, QLatin1String(Constants::STATE_VISIBILITY),
+                                       int(visibility));
+        }
     }
     for (FeatureTreeWidget* tree : qAsConst(m_trees)) {
         // Hidden trees too: switching cameras must not switch levels.
