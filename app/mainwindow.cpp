@@ -361,7 +361,8 @@ void MainWindow::watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseI
                 }
             });
     connect(collection.data(), &IParameterCollection::writeFailed, this,
-            [this](const QString& feature, const QString& message) {
+            [this](const QString& feature, ParameterCollection::Exception::Kind,
+                   const QString& message) {
                 m_statusBar->showError(
                     feature.isEmpty() ? message : feature + QStringLiteral(": ") + message);
             });

@@ -18,6 +18,7 @@ DeviceParameterCollection::DeviceParameterCollection(const QString& name, QObjec
 {
     qRegisterMetaType<QVector<Backend::PublishedData>>();
     qRegisterMetaType<ParameterDataPtr>();
+    qRegisterMetaType<ParameterCollection::Exception::Kind>();
     m_thread.setObjectName(QStringLiteral("device:") + name);
     m_worker = new DeviceWorker;
     m_worker->moveToThread(&m_thread);

@@ -861,7 +861,7 @@ bool DeviceWorker::enqueueWrite(const PendingWrite& write)
 }
 
 bool DeviceWorker::writeNode(NodeMap& map, int i, const QVariant& value, QString* message,
-                             bool* deviceFailed)
+                             Exception::Kind* kind, bool* deviceFailed)
 {
     ArvGcFeatureNode* feature = map.nodes[i];
     GError* error = nullptr;
@@ -888,10 +888,12 @@ bool DeviceWorker::writeNode(NodeMap& map, int i, const QVariant& value, QString
         break;
     default:
         *message = QStringLiteral("the node cannot be written");
+        *kind = Exception::Access;
         return false;
     }
     if (error != nullptr) {
         *message = QString::fromUtf8(error->message);
+        *kind = exceptionKindOf(error->domain, error->code);
         if (isDeviceLossError(error->domain, error->code)) {
             *deviceFailed = true;
             markLost(*message);
@@ -918,18 +920,19 @@ void DeviceWorker::processWrites()
     for (const PendingWrite& w : writes) {
         if (m_lost.load()) {
             Q_EMIT writeFailed(m_maps[size_t(w.map)]->structure->nodes[w.node].fullName,
-                               QStringLiteral("the device is lost"));
+                               Exception::DeviceLost, QStringLiteral("the device is lost"));
             forced[w.map].insert(w.node);
             continue;
         }
         NodeMap& map = *m_maps[size_t(w.map)];
         QString message;
-        const bool ok = writeNode(map, w.node, w.value, &message, &deviceFailed);
+        Exception::Kind kind = Exception::Generic;
+        const bool ok = writeNode(map, w.node, w.value, &message, &kind, &deviceFailed);
         // The written feature is always re-published, so that an optimistic value the device
         // did not take is replaced by what the device holds.
         forced[w.map].insert(w.node);
         if (!ok) {
-            Q_EMIT writeFailed(map.structure->nodes[w.node].fullName, message);
+            Q_EMIT writeFailed(map.structure->nodes[w.node].fullName, kind, message);
         }
         for (int d : dependencyClosure(w.map, w.node)) {
             toRead[w.map].insert(d);

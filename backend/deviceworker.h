@@ -74,7 +74,8 @@ public:
 
 Q_SIGNALS:
     void published(int map, QVector<Backend::PublishedData> batch);
-    void writeFailed(const QString& fullName, const QString& message);
+    void writeFailed(const QString& fullName, ParameterCollection::Exception::Kind kind,
+                     const QString& message);
     void lost(const QString& message);
 
 private:
@@ -83,7 +84,7 @@ private:
     ParameterCollection::ParameterDataPtr readNode(NodeMap& map, int node, bool* deviceFailed);
     void buildStructure(NodeMap& map);
     bool writeNode(NodeMap& map, int node, const QVariant& value, QString* error,
-                   bool* deviceFailed);
+                   ParameterCollection::Exception::Kind* kind, bool* deviceFailed);
     void scheduleCommandCheck(int map, int node);
     int finishAttach(std::unique_ptr<NodeMap> map, QString* error);
 

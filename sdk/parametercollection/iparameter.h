@@ -39,8 +39,8 @@ public:
     virtual QMap<QString, QString> getProperties() const = 0;
 
     // Writes a value given as a variant: a number, a bool, an enumeration entry's symbolic
-    // name, a string; integer text may be decimal or "0x" hexadecimal. For a command any
-    // true value executes it.
+    // name, a string; integer text may be decimal or "0x" hexadecimal, register text is
+    // hexadecimal bytes. For a command any true value executes it.
     virtual void setValue(const QVariant& value) = 0;
 
     virtual IAdvancedParameterAccess* getAdvancedParameterAccess() = 0;
@@ -115,6 +115,17 @@ public:
     using IParameter::setValue;
     virtual QString getValue() const = 0;
     virtual void setValue(const QString& value) = 0;
+};
+
+class IRegisterParameter : public IParameter {
+    Q_OBJECT
+public:
+    using IParameter::IParameter;
+    using IParameter::setValue;
+    virtual QByteArray getValue() const = 0;
+    // Exactly getLength() bytes; anything else throws InvalidArgumentException.
+    virtual void setValue(const QByteArray& bytes) = 0;
+    virtual qint64 getLength() const = 0;
 };
 
 } // namespace ParameterCollection

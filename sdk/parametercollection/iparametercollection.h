@@ -1,5 +1,6 @@
 #pragma once
 
+#include <parametercollection/exception.h>
 #include <parametercollection/iparameter.h>
 #include <parametercollection/parametername.h>
 
@@ -49,9 +50,12 @@ Q_SIGNALS:
     void nodeMapAttached(const QString& nodeMapName);
     void deviceLost(const QString& message);
     // A queued write that the device refused. The parameter's data is re-published too.
-    void writeFailed(const QString& fullName, const QString& message);
+    // `message` does not name the feature: fullName does.
+    void writeFailed(const QString& fullName, ParameterCollection::Exception::Kind kind,
+                     const QString& message);
 };
 
 } // namespace ParameterCollection
 
 Q_DECLARE_METATYPE(QSharedPointer<ParameterCollection::IParameterCollection>)
+Q_DECLARE_METATYPE(ParameterCollection::Exception::Kind)

@@ -37,13 +37,19 @@ QSharedPointer<ParameterData> CommandParameterData::clone() const
     return QSharedPointer<CommandParameterData>::create(*this);
 }
 
+QSharedPointer<ParameterData> RegisterParameterData::clone() const
+{
+    return QSharedPointer<RegisterParameterData>::create(*this);
+}
+
 bool sameData(const ParameterData& a, const ParameterData& b)
 {
     if (a.type != b.type || a.visibility != b.visibility || a.accessMode != b.accessMode ||
         a.readable != b.readable || a.writable != b.writable || a.available != b.available ||
         a.implemented != b.implemented || a.locked != b.locked || a.value != b.value ||
         a.displayText != b.displayText || a.representation != b.representation ||
-        a.unit != b.unit || a.errorText != b.errorText) {
+        a.unit != b.unit || a.errorText != b.errorText || a.errorKind != b.errorKind ||
+        a.deviceLost != b.deviceLost || a.restriction != b.restriction) {
         return false;
     }
     switch (a.type) {
@@ -70,6 +76,9 @@ bool sameData(const ParameterData& a, const ParameterData& b)
     case StringType:
         return static_cast<const StringParameterData&>(a).maxLength ==
                static_cast<const StringParameterData&>(b).maxLength;
+    case RegisterType:
+        return static_cast<const RegisterParameterData&>(a).length ==
+               static_cast<const RegisterParameterData&>(b).length;
     default:
         return true;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <genapi/genapitypes.h>
+#include <parametercollection/exception.h>
 
 #include <QMetaType>
 #include <QSharedPointer>
@@ -19,7 +20,9 @@ enum ParameterType {
     CommandType = 4,
     StringType = 5,
     EnumerationType = 6,
-    CategoryType = 7
+    CategoryType = 7,
+    // A Register or StructReg node: raw bytes, shown as hexadecimal.
+    RegisterType = 8
 };
 
 // An immutable snapshot of one parameter: what it is, whether it can be read and written
@@ -41,13 +44,22 @@ public:
     bool available = false;
     bool implemented = false;
     bool locked = false;
+    // The node is gone with its device: value, when readable, is the last one read.
+    bool deviceLost = false;
     QVariant value;         // the typed value; invalid when not readable
     QString displayText;    // the value as a user reads it (enumeration: entry display name)
     QString representation; // "Linear", "Logarithmic", "HexNumber", ... or empty
     QString unit;
-    QString errorText; // why the value could not be read, when it could not
+    // Why the value could not be read, when it could not; accessMode still says what the node
+    // declares. Empty when the value is good or was not asked for (write-only, not available).
+    QString errorText;
+    Exception::Kind errorKind = Exception::Generic;
+    // Why the feature can't be changed now, naming the features that decide it and their
+    // values: "Locked while Exposure Auto is Continuous". Empty when nothing restricts it.
+    QString restriction;
 
     bool isNumeric() const { return type == IntegerType || type == FloatType; }
+    bool hasError() const { return !errorText.isEmpty(); }
 };
 
 class IntegerParameterData : public ParameterData {
@@ -104,8 +116,16 @@ public:
 class CommandParameterData : public ParameterData {
 public:
     QSharedPointer<ParameterData> clone() const override;
-    // value is true while the command runs, false once the device reports it done.
+    // value is true while the command runs, false once the device reports it done. A command
+    // whose register can't be read is always done: nobody can know otherwise.
     bool done = true;
+};
+
+class RegisterParameterData : public ParameterData {
+public:
+    QSharedPointer<ParameterData> clone() const override;
+    // value is a QByteArray of `length` bytes, as the device holds them.
+    qint64 length = 0;
 };
 
 using ParameterDataPtr = QSharedPointer<const ParameterData>;

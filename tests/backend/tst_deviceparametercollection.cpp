@@ -379,8 +379,9 @@ void tst_DeviceParameterCollection::shouldReportRefusedWriteAndRevert()
     QCOMPARE(width->getParameterData()->value.toLongLong(), 320);
     QVERIFY(failed.wait());
     QCOMPARE(failed.at(0).at(0).toString(), QStringLiteral("@CameraDevice/Width"));
-    QVERIFY2(failed.at(0).at(1).toString().contains(QStringLiteral("Access denied")),
-             qPrintable(failed.at(0).at(1).toString()));
+    QCOMPARE(failed.at(0).at(1).value<Exception::Kind>(), Exception::Access);
+    QVERIFY2(failed.at(0).at(2).toString().contains(QStringLiteral("Access denied")),
+             qPrintable(failed.at(0).at(2).toString()));
     QTRY_COMPARE(width->getParameterData()->value.toLongLong(), 1024);
     QVERIFY(!c->isLost());
 }

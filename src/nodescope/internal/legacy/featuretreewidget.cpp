@@ -445,7 +445,10 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
     if (!knownCollection) {
         // Writes the device refused later, after the editor let go.
         connect(collection.data(), &IParameterCollection::writeFailed, this,
-                [this](const QString&, const QString& message) { Q_EMIT onNewText(message); });
+                [this](const QString& fullName, Exception::Kind, const QString& message) {
+                    Q_EMIT onNewText(
+                        QStringLiteral("[%1] %2").arg(ParameterName(fullName).feature(), message));
+                });
     }
 
     // Filtered before the tree reads the node map, so its rows start out with the imposed
