@@ -5,7 +5,7 @@ BUILD_DIR ?= build
 BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc)
 
-.PHONY: all setup configure build run test sanitize bench fuzz clean
+.PHONY: all setup configure build run test sanitize bench fuzz package clean
 
 all: build
 
@@ -52,9 +52,14 @@ fuzz: setup
 	        -max_total_time=$(FUZZ_SECONDS) -max_len=65536 build-fuzz/corpus/$$t || exit 1; \
 	done
 
+# Every benchmark executable, and nothing else that CMake leaves in the folder.
 bench: build
-	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; \
-	    QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software $$b || exit 1; done
+	@set -e; for b in $$(find $(BUILD_DIR)/bench -maxdepth 1 -type f -name 'bench_*' -perm -u+x | sort); do \
+	    echo "== $$b"; QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software $$b; done
+
+# The Debian package, in $(BUILD_DIR)/vantoviewer_<version>_<arch>.deb.
+package: build
+	@cd $(BUILD_DIR) && cpack -G DEB
 
 clean:
 	rm -rf $(BUILD_DIR) build-sanitize build-fuzz

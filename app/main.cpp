@@ -14,6 +14,8 @@
 #include <QDockWidget>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QIcon>
 #include <QPixmap>
 #include <QPointer>
 #include <QTextStream>
@@ -139,6 +141,13 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("Vanto"));
     QCoreApplication::setApplicationName(QStringLiteral("Vanto Viewer"));
     QCoreApplication::setApplicationVersion(QStringLiteral(NODESCOPE_VERSION));
+    // Ties the window to the installed menu entry and its icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.vanto.VantoViewer"));
+    if (qobject_cast<QApplication*>(&app)) {
+        QApplication::setWindowIcon(
+            QIcon::fromTheme(QStringLiteral("com.vanto.VantoViewer"),
+                             QIcon(QStringLiteral(":/vantoviewer/icon.svg"))));
+    }
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -240,6 +249,14 @@ int main(int argc, char** argv)
     if (!plugins.load(pluginFile)) {
         err << "vantoviewer: " << plugins.errorString() << "\n";
         return 1;
+    }
+    // Third-party plug-ins next to it. One that does not load costs only itself.
+    const QFileInfo featurePlugin(pluginFile);
+    for (const QString& other : VantoViewer::PluginManager::findPlugins(
+             VantoViewer::PluginManager::pluginFolders(parser.value(pluginDir)))) {
+        if (QFileInfo(other).fileName() != featurePlugin.fileName() && !plugins.load(other)) {
+            err << "vantoviewer: " << plugins.errorString() << "\n";
+        }
     }
     plugins.setLanguage(LanguageHelper::loadLanguageId());
     mainWindow->attachPluginServices(plugins.initializer());

@@ -11,6 +11,7 @@
 #include <QLibrary>
 #include <QLoggingCategory>
 #include <QPluginLoader>
+#include <QSet>
 #include <QVariantMap>
 
 namespace {
@@ -60,6 +61,24 @@ QString PluginManager::findPlugin(const QString& baseName, const QStringList& fo
         }
     }
     return QString();
+}
+
+QStringList PluginManager::findPlugins(const QStringList& folders)
+{
+    QStringList result;
+    QSet<QString> seen;
+    for (const QString& folder : folders) {
+        const QFileInfoList files =
+            QDir(folder).entryInfoList(QDir::Files | QDir::Readable, QDir::Name);
+        for (const QFileInfo& file : files) {
+            if (!QLibrary::isLibrary(file.fileName()) || seen.contains(file.fileName())) {
+                continue;
+            }
+            seen.insert(file.fileName());
+            result.append(file.absoluteFilePath());
+        }
+    }
+    return result;
 }
 
 Core::Plugin::CPluginInitializer* PluginManager::initializer() const

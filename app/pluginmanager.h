@@ -37,6 +37,10 @@ public:
     static QStringList pluginFolders(const QString& extraFolder = QString());
     // The first file of that base name ("Nodescope") in the folders; empty when none has it.
     static QString findPlugin(const QString& baseName, const QStringList& folders);
+    // Every library in the folders, once per file name: a file in an earlier folder hides one
+    // of the same name in a later folder, the way a plug-in folder given on the command line
+    // overrides the installed one.
+    static QStringList findPlugins(const QStringList& folders);
 
     Core::Plugin::CPluginInitializer* initializer() const;
     void registerService(const QSharedPointer<Core::Service::IService>& service);

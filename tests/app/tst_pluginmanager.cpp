@@ -124,6 +124,30 @@ private Q_SLOTS:
         QVERIFY(PluginManager::findPlugin(name, {empty.path()}).isEmpty());
     }
 
+    void findPluginsListsEachLibraryOnceFromTheEarliestFolder()
+    {
+        // Given a plug-in in two folders, another plug-in in the second, and a file that is
+        // no library
+        QTemporaryDir first;
+        QTemporaryDir second;
+        QVERIFY(first.isValid() && second.isValid());
+        for (const QString& path : {first.filePath(QStringLiteral("libNodescope.so")),
+                                    second.filePath(QStringLiteral("libNodescope.so")),
+                                    second.filePath(QStringLiteral("libCameraTemperature.so")),
+                                    second.filePath(QStringLiteral("README.txt"))}) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+
+        // When every plug-in is looked for
+        const QStringList found = PluginManager::findPlugins({first.path(), second.path()});
+
+        // Then each library comes once, the first folder's copy wins, and the text file is left
+        QCOMPARE(found, QStringList({first.filePath(QStringLiteral("libNodescope.so")),
+                                     second.filePath(QStringLiteral("libCameraTemperature.so"))}));
+        QVERIFY(PluginManager::findPlugins({QStringLiteral("/nonexistent")}).isEmpty());
+    }
+
     void findPluginFindsTheBuiltModule()
     {
         const QString found = PluginManager::findPlugin(

@@ -53,7 +53,9 @@ endif()
 set(viewer "${prefix}/${BINDIR}/vantoviewer")
 set(plugin "${prefix}/${LIBDIR}/vantoviewer/plugins/libNodescope.so")
 set(filter "${prefix}/${DATADIR}/vanto/viewer/Default_Filter.xml")
-foreach(file "${viewer}" "${plugin}" "${filter}")
+set(sdk_config "${prefix}/${LIBDIR}/cmake/VantoSDK/VantoSDKConfig.cmake")
+set(sdk_header "${prefix}/include/vanto/core/iplugin.h")
+foreach(file "${viewer}" "${plugin}" "${filter}" "${sdk_config}" "${sdk_header}")
     if(NOT EXISTS "${file}")
         list(APPEND failures "not installed: ${file}")
     endif()
@@ -62,6 +64,7 @@ endforeach()
 # Nothing installed may lean on the build tree: the loader must find the SDK library through
 # $ORIGIN, below the prefix.
 find_program(LDD ldd)
+get_filename_component(installed_sdk "${prefix}/${LIBDIR}/libvantosdk.so" REALPATH)
 if(LDD)
     foreach(binary "${viewer}" "${plugin}")
         execute_process(COMMAND "${LDD}" "${binary}" OUTPUT_VARIABLE ldd_output
@@ -74,7 +77,7 @@ if(LDD)
         endif()
         if(NOT ldd_result EQUAL 0)
             list(APPEND failures "ldd ${binary} failed:\n${ldd_output}")
-        elseif(NOT sdk_path STREQUAL "${prefix}/${LIBDIR}/libvantosdk.so")
+        elseif(NOT sdk_path STREQUAL installed_sdk)
             list(APPEND failures
                 "${binary} does not load libvantosdk.so from the prefix:\n${ldd_output}")
         endif()
@@ -121,6 +124,55 @@ if(EXISTS "${viewer}")
         list(APPEND failures
             "the log does not name the installed filter file ${filter}:\n${run_output}")
     endif()
+endif()
+
+# A plug-in from outside this tree: the example, built against the installed SDK alone, then
+# loaded by the installed viewer, which must show its panel.
+if(EXAMPLE_DIR AND EXISTS "${sdk_config}")
+    set(example_build "${work}/example-build")
+    execute_process(
+        COMMAND "${CMAKE_COMMAND}" -S "${EXAMPLE_DIR}" -B "${example_build}"
+            "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_INSTALL_PREFIX=${prefix}"
+            -DCMAKE_BUILD_TYPE=Release
+        RESULT_VARIABLE example_result
+        OUTPUT_VARIABLE example_output
+        ERROR_VARIABLE example_output)
+    if(example_result EQUAL 0)
+        execute_process(
+            COMMAND "${CMAKE_COMMAND}" --build "${example_build}" --target install
+            RESULT_VARIABLE example_result
+            OUTPUT_VARIABLE example_output
+            ERROR_VARIABLE example_output)
+    endif()
+    set(example_plugin "${prefix}/${LIBDIR}/vantoviewer/plugins/libCameraTemperature.so")
+    if(NOT example_result EQUAL 0)
+        list(APPEND failures "the example plug-in did not build:\n${example_output}")
+    elseif(NOT EXISTS "${example_plugin}")
+        list(APPEND failures "the example plug-in was not installed at ${example_plugin}")
+    else()
+        execute_process(
+            COMMAND "${viewer}" --simulate --panel "Camera Temperature"
+                --screenshot "${work}/example.png"
+            WORKING_DIRECTORY "${work}"
+            RESULT_VARIABLE run_result
+            OUTPUT_VARIABLE run_output
+            ERROR_VARIABLE run_output
+            TIMEOUT 90)
+        string(FIND "${run_output}" "loaded ${example_plugin}" example_at)
+        string(FIND "${run_output}" "no panel" missing_at)
+        if(NOT run_result EQUAL 0)
+            list(APPEND failures
+                "the viewer with the example plug-in ended with ${run_result}:\n${run_output}")
+        elseif(example_at EQUAL -1)
+            list(APPEND failures "the viewer did not load ${example_plugin}:\n${run_output}")
+        elseif(NOT missing_at EQUAL -1)
+            list(APPEND failures "the example's panel did not appear:\n${run_output}")
+        else()
+            message(STATUS "the example plug-in built, loaded and showed its panel")
+        endif()
+    endif()
+elseif(NOT EXAMPLE_DIR)
+    message(STATUS "EXAMPLE_DIR not given: the example plug-in is not checked")
 endif()
 
 finish()
