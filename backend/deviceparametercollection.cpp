@@ -112,6 +112,10 @@ void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QS
     state.observers.fill(0, state.data.size());
     m_mapByPrefix.insert(state.structure->prefix, m_maps.size());
     m_maps.append(state);
+    if (m_lost) {
+        // The device went while this node map was being read.
+        markMapLost(m_maps.size() - 1);
+    }
     Q_EMIT nodeMapAttached(state.structure->name);
 }
 
@@ -187,6 +191,9 @@ QSharedPointer<IParameter> DeviceParameterCollection::makeParameter(int map, int
     case StringType:
         return QSharedPointer<StringParameter>::create(self, map, node, info.fullName,
                                                        info.featureName);
+    case RegisterType:
+        return QSharedPointer<RegisterParameter>::create(self, map, node, info.fullName,
+                                                         info.featureName);
     default:
         return QSharedPointer<PlainParameter>::create(self, map, node, info.fullName,
                                                       info.featureName);
@@ -381,8 +388,18 @@ void DeviceParameterCollection::onPublished(int map, const QVector<PublishedData
         return;
     }
     for (const PublishedData& p : batch) {
-        store(map, p.node, withOverride(map, p.node, p.data));
+        store(map, p.node, withOverride(map, p.node, m_lost ? markedLost(p.data) : p.data));
     }
+}
+
+ParameterDataPtr DeviceParameterCollection::markedLost(const ParameterDataPtr& data)
+{
+    if (!data || data->deviceLost) {
+        return data;
+    }
+    QSharedPointer<ParameterData> copy = data->clone();
+    copy->deviceLost = true;
+    return copy;
 }
 
 void DeviceParameterCollection::onLost(const QString& message)
@@ -391,7 +408,21 @@ void DeviceParameterCollection::onLost(const QString& message)
         return;
     }
     m_lost = true;
+    for (int map = 0; map < m_maps.size(); ++map) {
+        markMapLost(map);
+    }
     Q_EMIT deviceLost(message);
+}
+
+void DeviceParameterCollection::markMapLost(int map)
+{
+    // Every view learns it from the data it already watches; the values stay the last ones.
+    for (int node = 0; node < m_maps[map].data.size(); ++node) {
+        const ParameterDataPtr& data = m_maps[map].data[node];
+        if (data && !data->deviceLost) {
+            store(map, node, markedLost(data));
+        }
+    }
 }
 
 void DeviceParameterCollection::setPropertyOverride(int map, int node, const QString& name,
@@ -519,6 +550,26 @@ static qint64 parseInteger(const QVariant& value, const QString& feature)
     return v;
 }
 
+// Raw bytes, or hexadecimal text, of exactly the register's length.
+static QByteArray validatedBytes(const RegisterParameterData& data, const QVariant& value,
+                                 const QString& feature)
+{
+    QByteArray bytes;
+    if (value.type() == QVariant::ByteArray) {
+        bytes = value.toByteArray();
+    } else if (!registerBytes(value.toString(), &bytes)) {
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not hexadecimal bytes").arg(value.toString()));
+    }
+    if (bytes.size() != data.length) {
+        throw InvalidArgumentException(feature,
+                                       QStringLiteral("%1 bytes given where the register holds %2")
+                                           .arg(bytes.size())
+                                           .arg(data.length));
+    }
+    return bytes;
+}
+
 QVariant DeviceParameterCollection::validated(int map, int node, const QVariant& value) const
 {
     const NodeInfo& info = infoOf(map, node);
@@ -638,6 +689,8 @@ QVariant DeviceParameterCollection::validated(int map, int node, const QVariant&
     }
     case CommandType:
         return value.toBool();
+    case RegisterType:
+        return validatedBytes(static_cast<const RegisterParameterData&>(*data), value, feature);
     default:
         throw AccessException(feature, QStringLiteral("the node holds no value"));
     }
@@ -675,7 +728,14 @@ void DeviceParameterCollection::write(int map, int node, const QVariant& value)
         break;
     }
     case CommandType:
-        static_cast<CommandParameterData*>(optimistic.data())->done = false;
+        // Only a command whose register can be read is ever seen running.
+        if (optimistic->readable) {
+            static_cast<CommandParameterData*>(optimistic.data())->done = false;
+        }
+        optimistic->value = optimistic->readable ? QVariant(true) : QVariant();
+        break;
+    case RegisterType:
+        optimistic->displayText = registerText(v.toByteArray());
         break;
     default:
         optimistic->displayText = v.toString();

@@ -86,6 +86,9 @@ private:
 
     void onPublished(int map, const QVector<Backend::PublishedData>& batch);
     void onLost(const QString& message);
+    void markMapLost(int map);
+    static ParameterCollection::ParameterDataPtr
+    markedLost(const ParameterCollection::ParameterDataPtr& data);
     ParameterCollection::ParameterDataPtr
     withOverride(int map, int node, ParameterCollection::ParameterDataPtr d) const;
     void store(int map, int node, const ParameterCollection::ParameterDataPtr& data);
