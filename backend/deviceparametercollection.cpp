@@ -570,129 +570,160 @@ static QByteArray validatedBytes(const RegisterParameterData& data, const QVaria
     return bytes;
 }
 
-QVariant DeviceParameterCollection::validated(int map, int node, const QVariant& value) const
+static qint64 validatedInteger(const IntegerParameterData& d, const QVariant& value,
+                               const QString& feature)
 {
-    const NodeInfo& info = infoOf(map, node);
-    const QString& feature = info.featureName;
-    const ParameterDataPtr& data = m_maps[map].data[node];
-    if (m_lost) {
-        throw DeviceLostException(feature, QStringLiteral("the device is lost"));
+    const qint64 v = parseInteger(value, feature);
+    if (v < d.min) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
     }
-    if (!data->implemented) {
-        throw AccessException(feature, QStringLiteral("the feature is not implemented"));
+    if (v > d.max) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
     }
-    if (!data->available) {
-        throw AccessException(feature, QStringLiteral("the feature is not available"));
+    if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is not on the grid of increment %2 from %3")
+                                 .arg(v)
+                                 .arg(d.increment)
+                                 .arg(d.min));
     }
-    if (data->locked) {
-        throw AccessException(feature, QStringLiteral("the feature is locked"));
+    return v;
+}
+
+static double validatedFloat(const FloatParameterData& d, const QVariant& value,
+                             const QString& feature)
+{
+    bool ok = false;
+    const double v = value.type() == QVariant::String ? value.toString().trimmed().toDouble(&ok)
+                                                      : value.toDouble(&ok);
+    if (!ok || !std::isfinite(v)) {
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
     }
-    if (!data->writable) {
-        throw AccessException(feature, QStringLiteral("the feature is not writable (%1)")
-                                           .arg(GenApi::accessModeToString(data->accessMode)));
+    if (v < d.min) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
     }
-    if (!value.isValid()) {
-        throw InvalidArgumentException(feature, QStringLiteral("no value given"));
+    if (v > d.max) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
     }
-    switch (info.type) {
-    case IntegerType: {
-        const auto& d = static_cast<const IntegerParameterData&>(*data);
-        const qint64 v = parseInteger(value, feature);
-        if (v < d.min) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
-        }
-        if (v > d.max) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
-        }
-        if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
+    if (d.hasIncrement) {
+        const double steps = (v - d.min) / d.increment;
+        if (std::fabs(steps - std::round(steps)) > 1e-6) {
             throw RangeException(feature,
                                  QStringLiteral("%1 is not on the grid of increment %2 from %3")
                                      .arg(v)
                                      .arg(d.increment)
                                      .arg(d.min));
         }
-        return v;
     }
-    case FloatType: {
-        const auto& d = static_cast<const FloatParameterData&>(*data);
-        bool ok = false;
-        const double v = value.type() == QVariant::String ? value.toString().trimmed().toDouble(&ok)
-                                                          : value.toDouble(&ok);
-        if (!ok || !std::isfinite(v)) {
-            throw InvalidArgumentException(
-                feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
+    return v;
+}
+
+static bool validatedBoolean(const QVariant& value, const QString& feature)
+{
+    if (value.type() == QVariant::String) {
+        const QString t = value.toString().trimmed().toLower();
+        if (t == QLatin1String("1") || t == QLatin1String("true")) {
+            return true;
         }
-        if (v < d.min) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+        if (t == QLatin1String("0") || t == QLatin1String("false")) {
+            return false;
         }
-        if (v > d.max) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
-        }
-        if (d.hasIncrement) {
-            const double steps = (v - d.min) / d.increment;
-            if (std::fabs(steps - std::round(steps)) > 1e-6) {
-                throw RangeException(feature,
-                                     QStringLiteral("%1 is not on the grid of increment %2 from %3")
-                                         .arg(v)
-                                         .arg(d.increment)
-                                         .arg(d.min));
-            }
-        }
-        return v;
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not a boolean").arg(value.toString()));
     }
-    case BooleanType: {
-        if (value.type() == QVariant::String) {
-            const QString t = value.toString().trimmed().toLower();
-            if (t == QLatin1String("1") || t == QLatin1String("true")) {
-                return true;
-            }
-            if (t == QLatin1String("0") || t == QLatin1String("false")) {
-                return false;
-            }
-            throw InvalidArgumentException(
-                feature, QStringLiteral("'%1' is not a boolean").arg(value.toString()));
+    return value.toBool();
+}
+
+static QString validatedEntry(const EnumParameterData& d, const QVariant& value,
+                              const QString& feature)
+{
+    const QString name = value.toString();
+    for (const auto& entry : d.entries) {
+        if (entry.name == name) {
+            return name;
         }
-        return value.toBool();
     }
-    case EnumerationType: {
-        const auto& d = static_cast<const EnumParameterData&>(*data);
-        const QString name = value.toString();
+    bool isNumber = false;
+    const qint64 number = value.toLongLong(&isNumber);
+    if (isNumber && value.type() != QVariant::String) {
         for (const auto& entry : d.entries) {
-            if (entry.name == name) {
-                return name;
+            if (entry.intValue == number) {
+                return entry.name;
             }
         }
-        bool isNumber = false;
-        const qint64 number = value.toLongLong(&isNumber);
-        if (isNumber && value.type() != QVariant::String) {
-            for (const auto& entry : d.entries) {
-                if (entry.intValue == number) {
-                    return entry.name;
-                }
-            }
-        }
-        throw InvalidArgumentException(feature,
-                                       QStringLiteral("'%1' is not an available entry").arg(name));
     }
-    case StringType: {
-        const auto& d = static_cast<const StringParameterData&>(*data);
-        const QString s = value.toString();
-        if (d.maxLength > 0 && s.toUtf8().size() > d.maxLength) {
-            throw RangeException(
-                feature, QStringLiteral("the text is longer than %1 bytes").arg(d.maxLength));
-        }
-        return s;
+    throw InvalidArgumentException(feature,
+                                   QStringLiteral("'%1' is not an available entry").arg(name));
+}
+
+static QString validatedString(const StringParameterData& d, const QVariant& value,
+                               const QString& feature)
+{
+    const QString s = value.toString();
+    if (d.maxLength > 0 && s.toUtf8().size() > d.maxLength) {
+        throw RangeException(feature,
+                             QStringLiteral("the text is longer than %1 bytes").arg(d.maxLength));
     }
+    return s;
+}
+
+QVariant DeviceParameterCollection::validated(int map, int node, const QVariant& value) const
+{
+    const NodeInfo& info = infoOf(map, node);
+    const QString& feature = info.featureName;
+    const ParameterData& data = *m_maps[map].data[node];
+    checkWritable(data, feature);
+    if (!value.isValid()) {
+        throw InvalidArgumentException(feature, QStringLiteral("no value given"));
+    }
+    switch (info.type) {
+    case IntegerType:
+        return validatedInteger(static_cast<const IntegerParameterData&>(data), value, feature);
+    case FloatType:
+        return validatedFloat(static_cast<const FloatParameterData&>(data), value, feature);
+    case BooleanType:
+        return validatedBoolean(value, feature);
+    case EnumerationType:
+        return validatedEntry(static_cast<const EnumParameterData&>(data), value, feature);
+    case StringType:
+        return validatedString(static_cast<const StringParameterData&>(data), value, feature);
     case CommandType:
         return value.toBool();
     case RegisterType:
-        return validatedBytes(static_cast<const RegisterParameterData&>(*data), value, feature);
+        return validatedBytes(static_cast<const RegisterParameterData&>(data), value, feature);
     default:
         throw AccessException(feature, QStringLiteral("the node holds no value"));
+    }
+}
+
+void DeviceParameterCollection::checkWritable(const ParameterData& data,
+                                              const QString& feature) const
+{
+    if (m_lost) {
+        throw DeviceLostException(feature, QStringLiteral("the device is lost"));
+    }
+    if (!data.implemented) {
+        throw AccessException(feature, QStringLiteral("the feature is not implemented"));
+    }
+    if (!data.available) {
+        throw AccessException(feature, QStringLiteral("the feature is not available"));
+    }
+    if (data.locked) {
+        throw AccessException(feature, QStringLiteral("the feature is locked"));
+    }
+    if (!data.writable && data.hasError()) {
+        // Whether it may be written could not be learnt: say why.
+        throw AccessException(
+            feature, QStringLiteral("the feature is not writable: %1").arg(data.errorText));
+    }
+    if (!data.writable) {
+        throw AccessException(feature, QStringLiteral("the feature is not writable (%1)")
+                                           .arg(GenApi::accessModeToString(data.accessMode)));
     }
 }
 

@@ -97,6 +97,12 @@ void tst_NodeReader::shouldReportAConditionThatCannotBeEvaluatedAsAnError()
     QVERIFY2(guarded->errorText.startsWith(QStringLiteral("Cannot tell whether it is available: ")),
              qPrintable(guarded->errorText));
     QVERIFY(guarded->errorText.contains(QStringLiteral("division by zero")));
+    // A write is refused with that reason, not with an access mode it does not have
+    const QString refusal = thrownText<AccessException>(
+        [&] { c->getParameter(QStringLiteral("@CameraDevice/Guarded"))->setValue(QVariant(1)); });
+    QVERIFY2(refusal.startsWith(QStringLiteral(
+                 "[Guarded] the feature is not writable: Cannot tell whether it is available")),
+             qPrintable(refusal));
 }
 
 void tst_NodeReader::shouldReadARegisterAsBytesShownInHex()
