@@ -4,13 +4,13 @@
 
 #include "devicelogic.h"
 #include "errormapping.h"
+#include "nodemapgraph.h"
 #include "nodereader.h"
 #include "simulateddevice.h"
 #include "structurebuilder.h"
 
 #include <QHash>
 #include <QSet>
-#include <QtMath>
 
 #include <algorithm>
 #include <numeric>

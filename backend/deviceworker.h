@@ -1,6 +1,5 @@
 #pragma once
 
-#include "nodemapgraph.h"
 #include "nodemapstructure.h"
 
 #include <QMutex>
