@@ -154,4 +154,14 @@ QString StringParameter::getValue() const
     return m_handle.data()->value.toString();
 }
 
+QByteArray RegisterParameter::getValue() const
+{
+    return m_handle.data()->value.toByteArray();
+}
+
+qint64 RegisterParameter::getLength() const
+{
+    return static_cast<const RegisterParameterData&>(*m_handle.data()).length;
+}
+
 } // namespace Backend

@@ -130,6 +130,15 @@ public:
     void setValue(const QString& value) override { m_handle.write(value); }
 };
 
+class RegisterParameter : public DeviceParameter<ParameterCollection::IRegisterParameter> {
+public:
+    using DeviceParameter::DeviceParameter;
+    using DeviceParameter::setValue;
+    QByteArray getValue() const override;
+    void setValue(const QByteArray& bytes) override { m_handle.write(bytes); }
+    qint64 getLength() const override;
+};
+
 // Categories and nodes of no value type.
 class PlainParameter : public DeviceParameter<ParameterCollection::IParameter> {
 public:

@@ -112,6 +112,10 @@ void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QS
     state.observers.fill(0, state.data.size());
     m_mapByPrefix.insert(state.structure->prefix, m_maps.size());
     m_maps.append(state);
+    if (m_lost) {
+        // The device went while this node map was being read.
+        markMapLost(m_maps.size() - 1);
+    }
     Q_EMIT nodeMapAttached(state.structure->name);
 }
 
@@ -187,6 +191,9 @@ QSharedPointer<IParameter> DeviceParameterCollection::makeParameter(int map, int
     case StringType:
         return QSharedPointer<StringParameter>::create(self, map, node, info.fullName,
                                                        info.featureName);
+    case RegisterType:
+        return QSharedPointer<RegisterParameter>::create(self, map, node, info.fullName,
+                                                         info.featureName);
     default:
         return QSharedPointer<PlainParameter>::create(self, map, node, info.fullName,
                                                       info.featureName);
@@ -381,8 +388,18 @@ void DeviceParameterCollection::onPublished(int map, const QVector<PublishedData
         return;
     }
     for (const PublishedData& p : batch) {
-        store(map, p.node, withOverride(map, p.node, p.data));
+        store(map, p.node, withOverride(map, p.node, m_lost ? markedLost(p.data) : p.data));
     }
+}
+
+ParameterDataPtr DeviceParameterCollection::markedLost(const ParameterDataPtr& data)
+{
+    if (!data || data->deviceLost) {
+        return data;
+    }
+    QSharedPointer<ParameterData> copy = data->clone();
+    copy->deviceLost = true;
+    return copy;
 }
 
 void DeviceParameterCollection::onLost(const QString& message)
@@ -391,7 +408,21 @@ void DeviceParameterCollection::onLost(const QString& message)
         return;
     }
     m_lost = true;
+    for (int map = 0; map < m_maps.size(); ++map) {
+        markMapLost(map);
+    }
     Q_EMIT deviceLost(message);
+}
+
+void DeviceParameterCollection::markMapLost(int map)
+{
+    // Every view learns it from the data it already watches; the values stay the last ones.
+    for (int node = 0; node < m_maps[map].data.size(); ++node) {
+        const ParameterDataPtr& data = m_maps[map].data[node];
+        if (data && !data->deviceLost) {
+            store(map, node, markedLost(data));
+        }
+    }
 }
 
 void DeviceParameterCollection::setPropertyOverride(int map, int node, const QString& name,
@@ -519,127 +550,180 @@ static qint64 parseInteger(const QVariant& value, const QString& feature)
     return v;
 }
 
-QVariant DeviceParameterCollection::validated(int map, int node, const QVariant& value) const
+// Raw bytes, or hexadecimal text, of exactly the register's length.
+static QByteArray validatedBytes(const RegisterParameterData& data, const QVariant& value,
+                                 const QString& feature)
 {
-    const NodeInfo& info = infoOf(map, node);
-    const QString& feature = info.featureName;
-    const ParameterDataPtr& data = m_maps[map].data[node];
-    if (m_lost) {
-        throw DeviceLostException(feature, QStringLiteral("the device is lost"));
+    QByteArray bytes;
+    if (value.type() == QVariant::ByteArray) {
+        bytes = value.toByteArray();
+    } else if (!registerBytes(value.toString(), &bytes)) {
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not hexadecimal bytes").arg(value.toString()));
     }
-    if (!data->implemented) {
-        throw AccessException(feature, QStringLiteral("the feature is not implemented"));
+    if (bytes.size() != data.length) {
+        throw InvalidArgumentException(feature,
+                                       QStringLiteral("%1 bytes given where the register holds %2")
+                                           .arg(bytes.size())
+                                           .arg(data.length));
     }
-    if (!data->available) {
-        throw AccessException(feature, QStringLiteral("the feature is not available"));
+    return bytes;
+}
+
+static qint64 validatedInteger(const IntegerParameterData& d, const QVariant& value,
+                               const QString& feature)
+{
+    const qint64 v = parseInteger(value, feature);
+    if (v < d.min) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
     }
-    if (data->locked) {
-        throw AccessException(feature, QStringLiteral("the feature is locked"));
+    if (v > d.max) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
     }
-    if (!data->writable) {
-        throw AccessException(feature, QStringLiteral("the feature is not writable (%1)")
-                                           .arg(GenApi::accessModeToString(data->accessMode)));
+    if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is not on the grid of increment %2 from %3")
+                                 .arg(v)
+                                 .arg(d.increment)
+                                 .arg(d.min));
     }
-    if (!value.isValid()) {
-        throw InvalidArgumentException(feature, QStringLiteral("no value given"));
+    return v;
+}
+
+static double validatedFloat(const FloatParameterData& d, const QVariant& value,
+                             const QString& feature)
+{
+    bool ok = false;
+    const double v = value.type() == QVariant::String ? value.toString().trimmed().toDouble(&ok)
+                                                      : value.toDouble(&ok);
+    if (!ok || !std::isfinite(v)) {
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
     }
-    switch (info.type) {
-    case IntegerType: {
-        const auto& d = static_cast<const IntegerParameterData&>(*data);
-        const qint64 v = parseInteger(value, feature);
-        if (v < d.min) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
-        }
-        if (v > d.max) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
-        }
-        if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
+    if (v < d.min) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+    }
+    if (v > d.max) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
+    }
+    if (d.hasIncrement) {
+        const double steps = (v - d.min) / d.increment;
+        if (std::fabs(steps - std::round(steps)) > 1e-6) {
             throw RangeException(feature,
                                  QStringLiteral("%1 is not on the grid of increment %2 from %3")
                                      .arg(v)
                                      .arg(d.increment)
                                      .arg(d.min));
         }
-        return v;
     }
-    case FloatType: {
-        const auto& d = static_cast<const FloatParameterData&>(*data);
-        bool ok = false;
-        const double v = value.type() == QVariant::String ? value.toString().trimmed().toDouble(&ok)
-                                                          : value.toDouble(&ok);
-        if (!ok || !std::isfinite(v)) {
-            throw InvalidArgumentException(
-                feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
+    return v;
+}
+
+static bool validatedBoolean(const QVariant& value, const QString& feature)
+{
+    if (value.type() == QVariant::String) {
+        const QString t = value.toString().trimmed().toLower();
+        if (t == QLatin1String("1") || t == QLatin1String("true")) {
+            return true;
         }
-        if (v < d.min) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
+        if (t == QLatin1String("0") || t == QLatin1String("false")) {
+            return false;
         }
-        if (v > d.max) {
-            throw RangeException(feature,
-                                 QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
-        }
-        if (d.hasIncrement) {
-            const double steps = (v - d.min) / d.increment;
-            if (std::fabs(steps - std::round(steps)) > 1e-6) {
-                throw RangeException(feature,
-                                     QStringLiteral("%1 is not on the grid of increment %2 from %3")
-                                         .arg(v)
-                                         .arg(d.increment)
-                                         .arg(d.min));
-            }
-        }
-        return v;
+        throw InvalidArgumentException(
+            feature, QStringLiteral("'%1' is not a boolean").arg(value.toString()));
     }
-    case BooleanType: {
-        if (value.type() == QVariant::String) {
-            const QString t = value.toString().trimmed().toLower();
-            if (t == QLatin1String("1") || t == QLatin1String("true")) {
-                return true;
-            }
-            if (t == QLatin1String("0") || t == QLatin1String("false")) {
-                return false;
-            }
-            throw InvalidArgumentException(
-                feature, QStringLiteral("'%1' is not a boolean").arg(value.toString()));
+    return value.toBool();
+}
+
+static QString validatedEntry(const EnumParameterData& d, const QVariant& value,
+                              const QString& feature)
+{
+    const QString name = value.toString();
+    for (const auto& entry : d.entries) {
+        if (entry.name == name) {
+            return name;
         }
-        return value.toBool();
     }
-    case EnumerationType: {
-        const auto& d = static_cast<const EnumParameterData&>(*data);
-        const QString name = value.toString();
+    bool isNumber = false;
+    const qint64 number = value.toLongLong(&isNumber);
+    if (isNumber && value.type() != QVariant::String) {
         for (const auto& entry : d.entries) {
-            if (entry.name == name) {
-                return name;
+            if (entry.intValue == number) {
+                return entry.name;
             }
         }
-        bool isNumber = false;
-        const qint64 number = value.toLongLong(&isNumber);
-        if (isNumber && value.type() != QVariant::String) {
-            for (const auto& entry : d.entries) {
-                if (entry.intValue == number) {
-                    return entry.name;
-                }
-            }
-        }
-        throw InvalidArgumentException(feature,
-                                       QStringLiteral("'%1' is not an available entry").arg(name));
     }
-    case StringType: {
-        const auto& d = static_cast<const StringParameterData&>(*data);
-        const QString s = value.toString();
-        if (d.maxLength > 0 && s.toUtf8().size() > d.maxLength) {
-            throw RangeException(
-                feature, QStringLiteral("the text is longer than %1 bytes").arg(d.maxLength));
-        }
-        return s;
+    throw InvalidArgumentException(feature,
+                                   QStringLiteral("'%1' is not an available entry").arg(name));
+}
+
+static QString validatedString(const StringParameterData& d, const QVariant& value,
+                               const QString& feature)
+{
+    const QString s = value.toString();
+    if (d.maxLength > 0 && s.toUtf8().size() > d.maxLength) {
+        throw RangeException(feature,
+                             QStringLiteral("the text is longer than %1 bytes").arg(d.maxLength));
     }
+    return s;
+}
+
+QVariant DeviceParameterCollection::validated(int map, int node, const QVariant& value) const
+{
+    const NodeInfo& info = infoOf(map, node);
+    const QString& feature = info.featureName;
+    const ParameterData& data = *m_maps[map].data[node];
+    checkWritable(data, feature);
+    if (!value.isValid()) {
+        throw InvalidArgumentException(feature, QStringLiteral("no value given"));
+    }
+    switch (info.type) {
+    case IntegerType:
+        return validatedInteger(static_cast<const IntegerParameterData&>(data), value, feature);
+    case FloatType:
+        return validatedFloat(static_cast<const FloatParameterData&>(data), value, feature);
+    case BooleanType:
+        return validatedBoolean(value, feature);
+    case EnumerationType:
+        return validatedEntry(static_cast<const EnumParameterData&>(data), value, feature);
+    case StringType:
+        return validatedString(static_cast<const StringParameterData&>(data), value, feature);
     case CommandType:
         return value.toBool();
+    case RegisterType:
+        return validatedBytes(static_cast<const RegisterParameterData&>(data), value, feature);
     default:
         throw AccessException(feature, QStringLiteral("the node holds no value"));
+    }
+}
+
+void DeviceParameterCollection::checkWritable(const ParameterData& data,
+                                              const QString& feature) const
+{
+    if (m_lost) {
+        throw DeviceLostException(feature, QStringLiteral("the device is lost"));
+    }
+    if (!data.implemented) {
+        throw AccessException(feature, QStringLiteral("the feature is not implemented"));
+    }
+    if (!data.available) {
+        throw AccessException(feature, QStringLiteral("the feature is not available"));
+    }
+    if (data.locked) {
+        throw AccessException(feature, QStringLiteral("the feature is locked"));
+    }
+    if (!data.writable && data.hasError()) {
+        // Whether it may be written could not be learnt: say why.
+        throw AccessException(
+            feature, QStringLiteral("the feature is not writable: %1").arg(data.errorText));
+    }
+    if (!data.writable) {
+        throw AccessException(feature, QStringLiteral("the feature is not writable (%1)")
+                                           .arg(GenApi::accessModeToString(data.accessMode)));
     }
 }
 
@@ -675,7 +759,14 @@ void DeviceParameterCollection::write(int map, int node, const QVariant& value)
         break;
     }
     case CommandType:
-        static_cast<CommandParameterData*>(optimistic.data())->done = false;
+        // Only a command whose register can be read is ever seen running.
+        if (optimistic->readable) {
+            static_cast<CommandParameterData*>(optimistic.data())->done = false;
+        }
+        optimistic->value = optimistic->readable ? QVariant(true) : QVariant();
+        break;
+    case RegisterType:
+        optimistic->displayText = registerText(v.toByteArray());
         break;
     default:
         optimistic->displayText = v.toString();

@@ -86,10 +86,15 @@ private:
 
     void onPublished(int map, const QVector<Backend::PublishedData>& batch);
     void onLost(const QString& message);
+    void markMapLost(int map);
+    static ParameterCollection::ParameterDataPtr
+    markedLost(const ParameterCollection::ParameterDataPtr& data);
     ParameterCollection::ParameterDataPtr
     withOverride(int map, int node, ParameterCollection::ParameterDataPtr d) const;
     void store(int map, int node, const ParameterCollection::ParameterDataPtr& data);
     QVariant validated(int map, int node, const QVariant& value) const;
+    void checkWritable(const ParameterCollection::ParameterData& data,
+                       const QString& feature) const;
     QSharedPointer<ParameterCollection::IParameter> makeParameter(int map, int node) const;
     bool locate(const QString& fullName, int* map, int* node) const;
     void attach(const std::function<int(DeviceWorker&, QString*)>& job);

@@ -81,8 +81,15 @@ Q_SIGNALS:
 private:
     struct NodeMap;
 
-    ParameterCollection::ParameterDataPtr readNode(NodeMap& map, int node, bool* deviceFailed);
-    void buildStructure(NodeMap& map);
+    QSharedPointer<ParameterCollection::ParameterData> readNode(NodeMap& map, int node,
+                                                                bool* deviceFailed);
+    QSharedPointer<ParameterCollection::ParameterData> lostData(const NodeMap& map, int node) const;
+    // Reads `nodes` into the map's last data and explains their restrictions; returns the
+    // nodes read, which stop short where the device went away.
+    QVector<int> readFresh(NodeMap& map, const QVector<int>& nodes);
+    // Names the features that keep `data` locked, unavailable or not implemented.
+    void explain(const NodeMap& map, int node, ParameterCollection::ParameterData& data) const;
+    QString lostMessage() const;
     bool writeNode(NodeMap& map, int node, const QVariant& value, QString* error,
                    ParameterCollection::Exception::Kind* kind, bool* deviceFailed);
     void scheduleCommandCheck(int map, int node);
@@ -92,7 +99,8 @@ private:
     QMutex m_writeMutex;
     QVector<PendingWrite> m_pendingWrites;
     std::atomic<bool> m_lost{false};
-    QString m_lostMessage;
+    mutable QMutex m_lostMutex;
+    QString m_lostMessage; // guarded by m_lostMutex
     std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> m_logicFactory;
     QSet<QPair<int, int>> m_runningCommands;
     QTimer* m_commandTimer = nullptr;

@@ -2,6 +2,7 @@
 
 #include <parametercollection/parameterdata.h>
 
+#include <QLocale>
 #include <QStringList>
 
 namespace Backend {
@@ -33,14 +34,50 @@ QString integerText(qint64 v, const QString& representation)
 QString floatText(double v, int notation, int precision)
 {
     using ParameterCollection::FloatParameterData;
+    // A description may declare any precision; more digits than a double holds mean nothing.
+    const int digits = qBound(0, precision, 17);
     switch (notation) {
     case FloatParameterData::Fixed:
-        return QString::number(v, 'f', precision);
+        return QString::number(v, 'f', digits);
     case FloatParameterData::Scientific:
-        return QString::number(v, 'e', precision);
+        return QString::number(v, 'e', digits);
     default:
-        return QString::number(v, 'g', qMax(precision, 6));
+        // The shortest digits that read back as the same double, never in exponent form.
+        return QString::number(v, 'f', QLocale::FloatingPointShortest);
     }
+}
+
+QString registerText(const QByteArray& bytes)
+{
+    const int shown = 32;
+    if (bytes.isEmpty()) {
+        return QStringLiteral("(0 bytes)");
+    }
+    QString text = QStringLiteral("0x") + QString::fromLatin1(bytes.left(shown).toHex().toUpper());
+    if (bytes.size() > shown) {
+        text += QStringLiteral("\u2026 (%1 bytes)").arg(bytes.size());
+    }
+    return text;
+}
+
+bool registerBytes(const QString& text, QByteArray* bytes)
+{
+    QString digits = text.trimmed();
+    if (digits.startsWith(QLatin1String("0x")) || digits.startsWith(QLatin1String("0X"))) {
+        digits = digits.mid(2);
+    }
+    digits.remove(QLatin1Char(' '));
+    if (digits.size() % 2 != 0) {
+        return false;
+    }
+    for (const QChar c : qAsConst(digits)) {
+        const char a = c.toLatin1();
+        if (!((a >= '0' && a <= '9') || (a >= 'a' && a <= 'f') || (a >= 'A' && a <= 'F'))) {
+            return false;
+        }
+    }
+    *bytes = QByteArray::fromHex(digits.toLatin1());
+    return true;
 }
 
 } // namespace Backend

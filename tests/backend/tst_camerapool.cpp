@@ -53,8 +53,43 @@ private Q_SLOTS:
     void shouldRefuseWhatTheBuiltinCameraForbids();
     void shouldKeepOlderFeatureNamesInStepWithTheStandardOnes();
     void shouldCompleteCommandsAndReportIsDone();
+    void shouldExplainALockByTheFeatureThatDecidesIt();
     void shouldOpenFakeGigECameraByAddressAndNoticeItsDeath();
 };
+
+namespace {
+
+// What an untouched simulated camera shows: an error is never an access mode, a write-only
+// command never runs, a float is in exponent form only where its description asks for it.
+void checkNothingIsInvented(const Backend::DeviceParameterCollection& collection)
+{
+    const auto structure = collection.structure(QStringLiteral("CameraDevice"));
+    int errors = 0;
+    int registers = 0;
+    for (const auto& info : structure->nodes) {
+        const auto data = collection.getParameter(info.fullName)->getParameterData();
+        const QString where = info.featureName + QLatin1String(": ") + data->errorText;
+        if (data->hasError() && !info.cyclic) {
+            ++errors;
+            QVERIFY2(data->implemented, qPrintable(where));
+            QVERIFY2(data->accessMode == GenApi::RO || data->accessMode == GenApi::RW ||
+                         data->accessMode == GenApi::WO,
+                     qPrintable(where));
+        }
+        if (data->type == CommandType && data->accessMode == GenApi::WO) {
+            QVERIFY2(static_cast<const CommandParameterData&>(*data).done,
+                     qPrintable(info.featureName));
+        }
+        if (data->type == FloatType && info.displayNotation != FloatParameterData::Scientific) {
+            QVERIFY2(!data->displayText.contains(QLatin1Char('e')),
+                     qPrintable(info.featureName + QLatin1String(" ") + data->displayText));
+        }
+        registers += data->type == RegisterType ? 1 : 0;
+    }
+    qInfo("%d values that can't be read, each with its reason; %d registers", errors, registers);
+}
+
+} // namespace
 
 void tst_CameraPool::shouldOpenEveryVendorDescriptionOnSimulatedDevice_data()
 {
@@ -87,6 +122,7 @@ void tst_CameraPool::shouldOpenEveryVendorDescriptionOnSimulatedDevice()
           qPrintable(QFileInfo(file).fileName()), visible, int(structure->nodes.size()),
           int(structure->problems.size()));
     QVERIFY(visible > 0);
+    checkNothingIsInvented(collection);
 }
 
 void tst_CameraPool::shouldReportMissingFileClearly()
@@ -124,6 +160,8 @@ struct Builtin {
 void tst_CameraPool::shouldOpenBuiltinCameraWithFourModules()
 {
     Builtin camera;
+    checkNothingIsInvented(
+        *static_cast<Backend::DeviceParameterCollection*>(camera.collection.data()));
     QCOMPARE(camera.collection->getNodeMapNames(),
              (QStringList{QStringLiteral("CameraDevice"), QStringLiteral("DeviceTransportLayer"),
                           QStringLiteral("StreamGrabber0"), QStringLiteral("EventGrabber"),
@@ -273,6 +311,30 @@ void tst_CameraPool::shouldCompleteCommandsAndReportIsDone()
     typed->execute();
     QVERIFY(!typed->isDone()); // shown running at once
     QTRY_VERIFY(typed->isDone());
+}
+
+void tst_CameraPool::shouldExplainALockByTheFeatureThatDecidesIt()
+{
+    // Given the built-in camera with ExposureAuto Off
+    Builtin camera;
+    const auto exposure = camera.get("ExposureTime");
+    const auto automatic = camera.get("ExposureAuto");
+    QVERIFY(!exposure->getParameterData()->locked);
+    QCOMPARE(exposure->getParameterData()->restriction, QString());
+    // When the device takes exposure over
+    automatic->setValue(QStringLiteral("Continuous"));
+    camera.sync();
+    // Then the lock names the feature that decides it, by its display name and value
+    QVERIFY(exposure->getParameterData()->locked);
+    QCOMPARE(exposure->getParameterData()->restriction,
+             QStringLiteral("Locked while Exposure Auto is Continuous"));
+    QCOMPARE(camera.get("ExposureTimeAbs")->getParameterData()->restriction,
+             QStringLiteral("Locked while Exposure Auto is Continuous"));
+    // And it clears when the user takes exposure back
+    automatic->setValue(QStringLiteral("Off"));
+    camera.sync();
+    QVERIFY(!exposure->getParameterData()->locked);
+    QCOMPARE(exposure->getParameterData()->restriction, QString());
 }
 
 void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()

@@ -77,6 +77,8 @@ private Q_SLOTS:
     void shouldBreakCategoryCycles();
     void shouldNotEvaluateReferenceCycles();
     void shouldAnnounceEachAttachedNodeMap();
+    void shouldWriteRegisterBytesAndRefuseAnyOtherLength();
+    void shouldMarkEveryValueLostAndTellEveryViewWhenTheDeviceGoes();
 };
 
 void tst_DeviceParameterCollection::shouldAnswerStructureAndFirstValuesFromMemory()
@@ -397,6 +399,7 @@ void tst_DeviceParameterCollection::shouldBecomeLostWhenDeviceStopsAnswering()
     QVERIFY(lost.wait());
     QVERIFY(c->isLost());
     QCOMPARE(width->getParameterData()->value.toLongLong(), 1024); // last data kept
+    QVERIFY(width->getParameterData()->deviceLost);
     QCOMPARE(thrownText<DeviceLostException>([&] { width->setValue(QVariant(32)); }),
              QStringLiteral("[Width] the device is lost"));
     c->poll(100000); // polling has stopped: nothing queued, nothing thrown
@@ -451,6 +454,79 @@ void tst_DeviceParameterCollection::shouldAnnounceEachAttachedNodeMap()
         QVERIFY2(QString::fromUtf8(e.what()).contains(QStringLiteral("not XML")), e.what());
     }
     QCOMPARE(c.getNodeMapNames().size(), 2);
+}
+
+void tst_DeviceParameterCollection::shouldWriteRegisterBytesAndRefuseAnyOtherLength()
+{
+    DeviceParameterCollection c(QStringLiteral("registers"));
+    c.attachSimulated(QStringLiteral("CameraDevice"), testData(QStringLiteral("honest.xml")));
+    const auto buffer = c.getParameter(QStringLiteral("@CameraDevice/UserBuffer"));
+    auto* reg = qobject_cast<IRegisterParameter*>(buffer.data());
+    QVERIFY(reg);
+    // Raw bytes go to the device as they are
+    reg->setValue(QByteArray::fromHex("0011aabb"));
+    QCOMPARE(buffer->getParameterData()->displayText, QStringLiteral("0x0011AABB"));
+    c.waitForDevice();
+    QByteArray held(4, '\0');
+    SimulatedDevice* device = deviceOf(c);
+    c.runOnDeviceThread([&](DeviceWorker&) { device->peek(0x200, held.data(), 4); });
+    QCOMPARE(held, QByteArray::fromHex("0011aabb"));
+    QCOMPARE(reg->getValue(), QByteArray::fromHex("0011aabb"));
+    // Hexadecimal text is bytes too
+    buffer->setValue(QStringLiteral("0x01020304"));
+    c.waitForDevice();
+    QCOMPARE(reg->getValue(), QByteArray::fromHex("01020304"));
+    QCOMPARE(buffer->getParameterData()->displayText, QStringLiteral("0x01020304"));
+    // Anything else is refused before it reaches the device
+    QCOMPARE(
+        thrownText<InvalidArgumentException>([&] { buffer->setValue(QStringLiteral("0x0102")); }),
+        QStringLiteral("[UserBuffer] 2 bytes given where the register holds 4"));
+    QCOMPARE(thrownText<InvalidArgumentException>(
+                 [&] { reg->setValue(QByteArray::fromHex("0102030405")); }),
+             QStringLiteral("[UserBuffer] 5 bytes given where the register holds 4"));
+    QCOMPARE(thrownText<InvalidArgumentException>([&] { buffer->setValue(QStringLiteral("zz")); }),
+             QStringLiteral("[UserBuffer] 'zz' is not hexadecimal bytes"));
+    QCOMPARE(thrownText<AccessException>([&] {
+                 c.getParameter(QStringLiteral("@CameraDevice/StatusBlock"))
+                     ->setValue(QByteArray(4, '\0'));
+             }),
+             QStringLiteral("[StatusBlock] the feature is not writable (RO)"));
+    c.waitForDevice();
+    QCOMPARE(reg->getValue(), QByteArray::fromHex("01020304"));
+}
+
+void tst_DeviceParameterCollection::shouldMarkEveryValueLostAndTellEveryViewWhenTheDeviceGoes()
+{
+    // Given values read and shown, one of them observed
+    auto c = openMinimal();
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+    const auto mode = c->getParameter(QStringLiteral("@CameraDevice/Mode"));
+    width->addObserver();
+    QSignalSpy modeSpy(mode.data(), &IParameter::parameterDataChanged);
+    QSignalSpy lost(c.get(), &IParameterCollection::deviceLost);
+    // When the device stops answering
+    deviceOf(*c)->setFault(SimulatedDevice::Fault::Timeout);
+    c->refresh();
+    QVERIFY(lost.wait());
+    // Then even a feature nobody re-read learns it, and keeps its last value
+    QCOMPARE(modeSpy.count(), 1);
+    const auto modeData = modeSpy.at(0).at(0).value<ParameterDataPtr>();
+    QVERIFY(modeData->deviceLost);
+    QVERIFY(modeData->readable);
+    QCOMPARE(modeData->value.toString(), QStringLiteral("Off"));
+    QCOMPARE(modeData->errorText, QString());
+    const auto structure = c->structure(QStringLiteral("CameraDevice"));
+    for (const auto& info : structure->nodes) {
+        QVERIFY2(c->getParameter(info.fullName)->getParameterData()->deviceLost,
+                 qPrintable(info.featureName));
+    }
+    // A write after the loss still throws, and what the device thread re-publishes stays lost
+    QCOMPARE(thrownText<DeviceLostException>([&] { mode->setValue(QStringLiteral("On")); }),
+             QStringLiteral("[Mode] the device is lost"));
+    width->getAdvancedParameterAccess()->scheduleForcedParameterDataChangedCheck();
+    c->waitForDevice();
+    QVERIFY(width->getParameterData()->deviceLost);
+    QCOMPARE(width->getParameterData()->value.toLongLong(), 1024);
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceParameterCollection)
