@@ -4,6 +4,8 @@
 
 #include "ui_featuretreewidget.h"
 
+#include "editnotice.h"
+#include "featuretreedelegate.h"
 #include "featuretreehighlighter.h"
 #include "featuretreeinodeitem.h"
 #include "featuretreeitem.h"
@@ -343,6 +345,45 @@ void FeatureTreeWidget::connectSignals()
         connect(model, &FeatureTreeModel::writeRefused, this, report);
     }
     connect(table->getFeatureTableModel(), &CFeatureTableModel::writeRefused, this, report);
+    // And so does what an editor did not write as typed.
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(tree), static_cast<QAbstractItemView*>(table)}) {
+        if (auto* delegate = qobject_cast<FeatureTreeDelegate*>(view->itemDelegate())) {
+            connect(delegate, &FeatureTreeDelegate::notice, this, &FeatureTreeWidget::onNewText);
+        }
+    }
+}
+
+QString FeatureTreeWidget::labelOf(const QString& fullName) const
+{
+    FeatureTreeProxyModel* proxy = proxyModel();
+    FeatureTreeModel* model = proxy ? proxy->getFeatureTreeModel() : nullptr;
+    if (model) {
+        const QModelIndex index = model->findItemByFullName(fullName, nullptr, 0);
+        if (FeatureTreeItem* item = model->getFeatureTreeItem(index)) {
+            return item->getDisplayedName();
+        }
+    }
+    return ParameterName(fullName).feature();
+}
+
+void FeatureTreeWidget::onDeviceLost(const QString& message)
+{
+    deviceIsClosed();
+    // Editors already open keep the last values, greyed; new ones open greyed too.
+    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(ui->treeView),
+                                    static_cast<QAbstractItemView*>(ui->nodescopeTableView)}) {
+        const QList<QWidget*> editors =
+            view->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* editor : editors) {
+            editor->setEnabled(false);
+            editor->setToolTip(FeatureTreeINodeItem::lostText());
+        }
+        // The models stay silent once the device is gone; the cells show the loss as drawn.
+        view->viewport()->update();
+    }
+    Q_EMIT onNewText(message.isEmpty() ? tr("The camera is lost.")
+                                       : tr("The camera is lost: %1").arg(message));
 }
 
 FeatureTreeView* FeatureTreeWidget::treeView() const
@@ -446,9 +487,10 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
         // Writes the device refused later, after the editor let go.
         connect(collection.data(), &IParameterCollection::writeFailed, this,
                 [this](const QString& fullName, Exception::Kind, const QString& message) {
-                    Q_EMIT onNewText(
-                        QStringLiteral("[%1] %2").arg(ParameterName(fullName).feature(), message));
+                    Q_EMIT onNewText(EditNotice::deviceRefused(labelOf(fullName), message));
                 });
+        connect(collection.data(), &IParameterCollection::deviceLost, this,
+                &FeatureTreeWidget::onDeviceLost);
     }
 
     // Filtered before the tree reads the node map, so its rows start out with the imposed
@@ -961,6 +1003,32 @@ void FeatureTreeWidget::onCurrentChanged(const QModelIndex& index)
     if (!node && item->hasDescription()) {
         Q_EMIT onNewText(item->getDescription());
     }
+    const QString state = node ? stateText(*node) : QString();
+    if (!state.isEmpty()) {
+        Q_EMIT onNewText(state);
+    }
+}
+
+QString FeatureTreeWidget::stateText(const FeatureTreeINodeItem& node) const
+{
+    const QSharedPointer<const ParameterData> data = node.getParameterData();
+    if (!data || node.isCategory()) {
+        return QString();
+    }
+    // Why the value is missing, then why it can't be changed: the two things a user asks.
+    QStringList reasons;
+    if (data->hasError()) {
+        reasons.append(data->errorText);
+    }
+    if (node.isDeviceLost()) {
+        reasons.append(tr("the camera is lost"));
+    } else if (!data->restriction.isEmpty()) {
+        reasons.append(data->restriction);
+    }
+    if (reasons.isEmpty()) {
+        return QString();
+    }
+    return tr("%1: %2").arg(node.getDisplayedName(), reasons.join(QStringLiteral("; ")));
 }
 
 void FeatureTreeWidget::onTableSelectionChanged()

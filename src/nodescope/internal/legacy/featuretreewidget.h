@@ -16,6 +16,7 @@
 
 #include <memory>
 
+class FeatureTreeINodeItem;
 class FeatureTreeItem;
 class FeatureTreeProxyModel;
 class FeatureTreeView;
@@ -169,6 +170,11 @@ private:
     void moveCurrentFavorite(bool up);
     void reportFilterMatches();
     void fitNameColumn(QAbstractItemView* view, QHeaderView* header);
+    void onDeviceLost(const QString& message);
+    // The feature's displayed name in the tree, else its name.
+    QString labelOf(const QString& fullName) const;
+    // Why the current feature shows no value or can't be changed, for the status line.
+    QString stateText(const FeatureTreeINodeItem& node) const;
 
     std::unique_ptr<Ui_FeatureTreeWidgetClass> ui;
     QString m_cameraType;
