@@ -1338,6 +1338,17 @@ private Q_SLOTS:
         // And a feature with nothing to explain adds nothing
         panel.treeView()->setCurrentIndex(treeRow(panel, QStringLiteral("IntHex")));
         QCOMPARE(texts.count(), 2);
+        // And a reason that comes while the feature is current is told once
+        auto hexLocked = faulty->parameter(fullName(QStringLiteral("IntHex")))->realDataCopy();
+        hexLocked->locked = true;
+        hexLocked->restriction = QStringLiteral("Locked while Acquisition Mode is Continuous");
+        faulty->parameter(fullName(QStringLiteral("IntHex")))->publish(hexLocked);
+        QCOMPARE(texts.count(), 3);
+        QVERIFY2(texts.last().at(0).toString().endsWith(
+                     QStringLiteral(": Locked while Acquisition Mode is Continuous")),
+                 qPrintable(texts.last().at(0).toString()));
+        faulty->parameter(fullName(QStringLiteral("IntHex")))->publish(hexLocked);
+        QCOMPARE(texts.count(), 3);
     }
 
     void shouldNameTheFeatureOnceForAWriteTheDeviceRefusedLater()

@@ -345,6 +345,9 @@ void FeatureTreeWidget::connectSignals()
         connect(model, &FeatureTreeModel::writeRefused, this, report);
     }
     connect(table->getFeatureTableModel(), &CFeatureTableModel::writeRefused, this, report);
+    connect(proxyModel(), &QAbstractItemModel::dataChanged, this,
+            &FeatureTreeWidget::onRowsChanged);
+    connect(tableRows, &QAbstractItemModel::dataChanged, this, &FeatureTreeWidget::onRowsChanged);
     // And so does what an editor did not write as typed.
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(tree), static_cast<QAbstractItemView*>(table)}) {
@@ -981,6 +984,8 @@ void FeatureTreeWidget::onSelectedChanged()
 void FeatureTreeWidget::onCurrentChanged(const QModelIndex& index)
 {
     const bool searching = ui->filterEdit->hasFocus();
+    m_current = QPersistentModelIndex();
+    m_currentState.clear();
     if (!index.isValid()) {
         // Nothing is current any more, as after the current row was hidden.
         if (!searching) {
@@ -1003,7 +1008,29 @@ void FeatureTreeWidget::onCurrentChanged(const QModelIndex& index)
     if (!node && item->hasDescription()) {
         Q_EMIT onNewText(item->getDescription());
     }
+    m_current = index;
+    m_currentState = node ? stateText(*node) : QString();
+    if (!m_currentState.isEmpty()) {
+        Q_EMIT onNewText(m_currentState);
+    }
+}
+
+void FeatureTreeWidget::onRowsChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight)
+{
+    if (!m_current.isValid() || m_current.model() != topLeft.model() ||
+        m_current.parent() != topLeft.parent() || m_current.row() < topLeft.row() ||
+        m_current.row() > bottomRight.row()) {
+        return;
+    }
+    const auto* extension = dynamic_cast<const IFeatureTreeModelExtension*>(m_current.model());
+    auto* node = extension
+                     ? dynamic_cast<FeatureTreeINodeItem*>(extension->getFeatureTreeItem(m_current))
+                     : nullptr;
     const QString state = node ? stateText(*node) : QString();
+    if (state == m_currentState) {
+        return;
+    }
+    m_currentState = state;
     if (!state.isEmpty()) {
         Q_EMIT onNewText(state);
     }
