@@ -216,14 +216,6 @@
         <translation>%1 from parameter collection %2</translation>
     </message>
     <message>
-        <source>The camera is lost.</source>
-        <translation>The camera is lost.</translation>
-    </message>
-    <message>
-        <source>The camera is lost: %1</source>
-        <translation>The camera is lost: %1</translation>
-    </message>
-    <message>
         <source>the camera is lost</source>
         <translation>the camera is lost</translation>
     </message>

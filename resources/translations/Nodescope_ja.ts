@@ -216,14 +216,6 @@
         <translation>パラメータコレクション %2 の %1</translation>
     </message>
     <message>
-        <source>The camera is lost.</source>
-        <translation>カメラとの接続が失われました。</translation>
-    </message>
-    <message>
-        <source>The camera is lost: %1</source>
-        <translation>カメラとの接続が失われました: %1</translation>
-    </message>
-    <message>
         <source>the camera is lost</source>
         <translation>カメラとの接続が失われました</translation>
     </message>

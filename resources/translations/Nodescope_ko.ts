@@ -216,14 +216,6 @@
         <translation>파라미터 컬렉션 %2의 %1</translation>
     </message>
     <message>
-        <source>The camera is lost.</source>
-        <translation>카메라 연결이 끊어졌습니다.</translation>
-    </message>
-    <message>
-        <source>The camera is lost: %1</source>
-        <translation>카메라 연결이 끊어졌습니다: %1</translation>
-    </message>
-    <message>
         <source>the camera is lost</source>
         <translation>카메라 연결이 끊어졌습니다</translation>
     </message>

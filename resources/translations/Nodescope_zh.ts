@@ -216,14 +216,6 @@
         <translation>参数集合 %2 中的 %1</translation>
     </message>
     <message>
-        <source>The camera is lost.</source>
-        <translation>相机已断开。</translation>
-    </message>
-    <message>
-        <source>The camera is lost: %1</source>
-        <translation>相机已断开：%1</translation>
-    </message>
-    <message>
         <source>the camera is lost</source>
         <translation>相机已断开</translation>
     </message>

@@ -370,7 +370,7 @@ QString FeatureTreeWidget::labelOf(const QString& fullName) const
     return ParameterName(fullName).feature();
 }
 
-void FeatureTreeWidget::onDeviceLost(const QString& message)
+void FeatureTreeWidget::onDeviceLost()
 {
     deviceIsClosed();
     // Editors already open keep the last values, greyed; new ones open greyed too.
@@ -385,8 +385,8 @@ void FeatureTreeWidget::onDeviceLost(const QString& message)
         // The models stay silent once the device is gone; the cells show the loss as drawn.
         view->viewport()->update();
     }
-    Q_EMIT onNewText(message.isEmpty() ? tr("The camera is lost.")
-                                       : tr("The camera is lost: %1").arg(message));
+    // The loss itself is the host's to report, with the camera's name: every panel of the
+    // camera saying it again would only push that report out of the status line.
 }
 
 FeatureTreeView* FeatureTreeWidget::treeView() const

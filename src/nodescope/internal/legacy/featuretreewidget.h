@@ -171,7 +171,7 @@ private:
     void moveCurrentFavorite(bool up);
     void reportFilterMatches();
     void fitNameColumn(QAbstractItemView* view, QHeaderView* header);
-    void onDeviceLost(const QString& message);
+    void onDeviceLost();
     // The feature's displayed name in the tree, else its name.
     QString labelOf(const QString& fullName) const;
     // Why the current feature shows no value or can't be changed, for the status line.

@@ -111,7 +111,7 @@ void IntEditor::setEditorData(AbstractItemEditor::EditorData data)
         m_feature = EditNotice::featureLabel(data.parameter.data());
         m_minimum = integer->min;
         m_maximum = integer->max;
-        m_current = integer->readable ? integer->displayText : QString();
+        m_current = integer->readable ? integer->displayText : tr("<not readable>");
         if (!integer->readable) {
             m_representation = representation;
             // No range is known; the placeholder text fails the check and so is never written
@@ -175,7 +175,8 @@ QVariant IntEditor::editorData()
 
 void IntEditor::keyPressEvent(QKeyEvent* event)
 {
-    if (!event->text().isEmpty()) {
+    // Only a typed character can be refused as such; pasted text is told as a whole.
+    if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
         QString attempt = text();
         if (hasSelectedText()) {
             attempt.replace(selectionStart(), selectedText().size(), event->text());

@@ -97,7 +97,7 @@ void VantoQtDoubleSpinBox::keyPressEvent(QKeyEvent* event)
     }
     const bool commit = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const QString typed = commit && isEditing() ? withoutAffixes(lineEdit()->text()) : QString();
-    if (!event->text().isEmpty()) {
+    if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
         QString attempt = lineEdit()->text();
         if (lineEdit()->hasSelectedText()) {
             attempt.replace(lineEdit()->selectionStart(), lineEdit()->selectedText().size(),
@@ -106,6 +106,8 @@ void VantoQtDoubleSpinBox::keyPressEvent(QKeyEvent* event)
             attempt.insert(lineEdit()->cursorPosition(), event->text());
         }
         m_attempt = attempt;
+    } else {
+        m_attempt = lineEdit()->text();
     }
     if (commit) {
         // The typing ends before the base commits it and signals.

@@ -91,8 +91,9 @@ void VantoQtSpinBox::keyPressEvent(QKeyEvent* event)
     const bool pageKey = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
     const bool commit = key == Qt::Key_Return || key == Qt::Key_Enter;
     const QString typed = commit && lineEdit()->isModified() ? typedText() : QString();
-    m_attempt =
-        event->text().isEmpty() ? lineEdit()->text() : textAfterKey(lineEdit(), event->text());
+    m_attempt = event->text().isEmpty() || !event->text().at(0).isPrint()
+                    ? lineEdit()->text()
+                    : textAfterKey(lineEdit(), event->text());
     if (pageKey) {
         m_pageKey = true;
     }
