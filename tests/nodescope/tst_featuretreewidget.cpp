@@ -1347,6 +1347,21 @@ private Q_SLOTS:
         QCOMPARE(texts.count(), 3);
     }
 
+    void shouldCopyAValueThatCouldNotBeReadAsItsReason()
+    {
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        FeatureTreeWidget panel(QStringLiteral("TreeTest"), nullptr, nullptr, GenApi::Guru, false);
+        panel.addParameterCollection(faulty, QStringLiteral("Camera"), kPrefix);
+        auto failed = faulty->parameter(fullName(QStringLiteral("IntLog")))->realDataCopy();
+        failed->readable = false;
+        failed->value = QVariant();
+        failed->errorText = QStringLiteral("timeout reading register 0x108");
+        faulty->parameter(fullName(QStringLiteral("IntLog")))->publish(failed);
+        const QString text = panel.featuresAsText();
+        QVERIFY2(text.contains(QStringLiteral("IntLog\ttimeout reading register 0x108\n")),
+                 qPrintable(text));
+    }
+
     void shouldNameTheFeatureOnceForAWriteTheDeviceRefusedLater()
     {
         QSignalSpy texts(m_widget.get(), &FeatureTreeWidget::onNewText);

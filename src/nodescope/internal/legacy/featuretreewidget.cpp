@@ -150,6 +150,10 @@ private:
         if (!data) {
             return FeatureTreeINodeItem::tr("<not available>");
         }
+        // As in the tree: a value that could not be read reads as its reason.
+        if (data->hasError() && !data->readable) {
+            return data->errorText;
+        }
         if (!data->implemented) {
             return FeatureTreeINodeItem::tr("<not implemented>");
         }
