@@ -24,6 +24,69 @@
     </message>
 </context>
 <context>
+    <name>EditNotice</name>
+    <message>
+        <source>%1: %2 is above the maximum %3, wrote %4</source>
+        <translation>%1: %2 is above the maximum %3, wrote %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, wrote %4</source>
+        <translation>%1: %2 is below the minimum %3, wrote %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is not on the increment %3, wrote %4</source>
+        <translation>%1: %2 is not on the increment %3, wrote %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 was rounded, wrote %3</source>
+        <translation>%1: %2 was rounded, wrote %3</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number, the value stays %3</source>
+        <translation>%1: &quot;%2&quot; is not a number, the value stays %3</translation>
+    </message>
+    <message>
+        <source>%1: %2 is above the maximum %3, the value stays %4</source>
+        <translation>%1: %2 is above the maximum %3, the value stays %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, the value stays %4</source>
+        <translation>%1: %2 is below the minimum %3, the value stays %4</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a MAC address, the value stays %3</source>
+        <translation>%1: &quot;%2&quot; is not a MAC address, the value stays %3</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not an IPv4 address, the value stays %3</source>
+        <translation>%1: &quot;%2&quot; is not an IPv4 address, the value stays %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the value could not be written</source>
+        <translation>%1: the value could not be written</translation>
+    </message>
+    <message>
+        <source>%1: the camera is lost, nothing was written</source>
+        <translation>%1: the camera is lost, nothing was written</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, increment %3</source>
+        <translation>Minimum %1, maximum %2, increment %3</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, no increment</source>
+        <translation>Minimum %1, maximum %2, no increment</translation>
+    </message>
+    <message>
+        <source>Unit: %1</source>
+        <translation>Unit: %1</translation>
+    </message>
+</context>
+<context>
     <name>EditTabName</name>
     <message>
         <source>Enter a name for tab %1</source>
@@ -95,13 +158,25 @@
         <source>Locked while the camera is in this state</source>
         <translation>Locked while the camera is in this state</translation>
     </message>
+    <message>
+        <source>Register</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>The camera is lost: this is the last value read from it.</source>
+        <translation>The camera is lost: this is the last value read from it.</translation>
+    </message>
+    <message>
+        <source>Could not be read: %1</source>
+        <translation>Could not be read: %1</translation>
+    </message>
+    <message>
+        <source>The camera is lost.</source>
+        <translation>The camera is lost.</translation>
+    </message>
 </context>
 <context>
     <name>FeatureTreeModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>The value could not be written.</translation>
-    </message>
     <message>
         <source>Category</source>
         <translation>Category</translation>
@@ -139,6 +214,14 @@
     <message>
         <source>%1 from parameter collection %2</source>
         <translation>%1 from parameter collection %2</translation>
+    </message>
+    <message>
+        <source>the camera is lost</source>
+        <translation>the camera is lost</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -197,6 +280,10 @@
         <source>Range: %1..%2</source>
         <translation>Range: %1..%2</translation>
     </message>
+    <message>
+        <source>Increment: %1</source>
+        <translation>Increment: %1</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
@@ -254,10 +341,6 @@
 </context>
 <context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>The value could not be written.</translation>
-    </message>
     <message>
         <source>Feature</source>
         <translation>Feature</translation>

@@ -24,6 +24,69 @@
     </message>
 </context>
 <context>
+    <name>EditNotice</name>
+    <message>
+        <source>%1: %2 is above the maximum %3, wrote %4</source>
+        <translation>%1: %2 は最大値 %3 を超えています。%4 を書き込みました</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, wrote %4</source>
+        <translation>%1: %2 は最小値 %3 未満です。%4 を書き込みました</translation>
+    </message>
+    <message>
+        <source>%1: %2 is not on the increment %3, wrote %4</source>
+        <translation>%1: %2 は増分 %3 に合っていません。%4 を書き込みました</translation>
+    </message>
+    <message>
+        <source>%1: %2 was rounded, wrote %3</source>
+        <translation>%1: %2 は丸められました。%3 を書き込みました</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number, the value stays %3</source>
+        <translation>%1: 「%2」は数値ではありません。値は %3 のままです</translation>
+    </message>
+    <message>
+        <source>%1: %2 is above the maximum %3, the value stays %4</source>
+        <translation>%1: %2 は最大値 %3 を超えています。値は %4 のままです</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, the value stays %4</source>
+        <translation>%1: %2 は最小値 %3 未満です。値は %4 のままです</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a MAC address, the value stays %3</source>
+        <translation>%1: 「%2」は MAC アドレスではありません。値は %3 のままです</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not an IPv4 address, the value stays %3</source>
+        <translation>%1: 「%2」は IPv4 アドレスではありません。値は %3 のままです</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the value could not be written</source>
+        <translation>%1: 値を書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>%1: the camera is lost, nothing was written</source>
+        <translation>%1: カメラとの接続が失われたため、何も書き込まれませんでした</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, increment %3</source>
+        <translation>最小値 %1、最大値 %2、増分 %3</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, no increment</source>
+        <translation>最小値 %1、最大値 %2、増分なし</translation>
+    </message>
+    <message>
+        <source>Unit: %1</source>
+        <translation>単位: %1</translation>
+    </message>
+</context>
+<context>
     <name>EditTabName</name>
     <message>
         <source>Enter a name for tab %1</source>
@@ -95,13 +158,25 @@
         <source>Locked while the camera is in this state</source>
         <translation>カメラがこの状態の間はロックされています</translation>
     </message>
+    <message>
+        <source>Register</source>
+        <translation>レジスタ</translation>
+    </message>
+    <message>
+        <source>The camera is lost: this is the last value read from it.</source>
+        <translation>カメラとの接続が失われました。これは最後に読み取った値です。</translation>
+    </message>
+    <message>
+        <source>Could not be read: %1</source>
+        <translation>読み取れませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The camera is lost.</source>
+        <translation>カメラとの接続が失われました。</translation>
+    </message>
 </context>
 <context>
     <name>FeatureTreeModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>値を書き込めませんでした。</translation>
-    </message>
     <message>
         <source>Category</source>
         <translation>カテゴリ</translation>
@@ -139,6 +214,14 @@
     <message>
         <source>%1 from parameter collection %2</source>
         <translation>パラメータコレクション %2 の %1</translation>
+    </message>
+    <message>
+        <source>the camera is lost</source>
+        <translation>カメラとの接続が失われました</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -197,6 +280,10 @@
         <source>Range: %1..%2</source>
         <translation>範囲: %1..%2</translation>
     </message>
+    <message>
+        <source>Increment: %1</source>
+        <translation>増分: %1</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
@@ -254,10 +341,6 @@
 </context>
 <context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>値を書き込めませんでした。</translation>
-    </message>
     <message>
         <source>Feature</source>
         <translation>機能</translation>

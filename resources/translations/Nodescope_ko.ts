@@ -24,6 +24,69 @@
     </message>
 </context>
 <context>
+    <name>EditNotice</name>
+    <message>
+        <source>%1: %2 is above the maximum %3, wrote %4</source>
+        <translation>%1: %2은(는) 최대값 %3보다 큽니다. %4을(를) 기록했습니다</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, wrote %4</source>
+        <translation>%1: %2은(는) 최소값 %3보다 작습니다. %4을(를) 기록했습니다</translation>
+    </message>
+    <message>
+        <source>%1: %2 is not on the increment %3, wrote %4</source>
+        <translation>%1: %2은(는) 증분 %3에 맞지 않습니다. %4을(를) 기록했습니다</translation>
+    </message>
+    <message>
+        <source>%1: %2 was rounded, wrote %3</source>
+        <translation>%1: %2이(가) 반올림되었습니다. %3을(를) 기록했습니다</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number, the value stays %3</source>
+        <translation>%1: &quot;%2&quot;은(는) 숫자가 아닙니다. 값은 %3(으)로 유지됩니다</translation>
+    </message>
+    <message>
+        <source>%1: %2 is above the maximum %3, the value stays %4</source>
+        <translation>%1: %2은(는) 최대값 %3보다 큽니다. 값은 %4(으)로 유지됩니다</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, the value stays %4</source>
+        <translation>%1: %2은(는) 최소값 %3보다 작습니다. 값은 %4(으)로 유지됩니다</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a MAC address, the value stays %3</source>
+        <translation>%1: &quot;%2&quot;은(는) MAC 주소가 아닙니다. 값은 %3(으)로 유지됩니다</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not an IPv4 address, the value stays %3</source>
+        <translation>%1: &quot;%2&quot;은(는) IPv4 주소가 아닙니다. 값은 %3(으)로 유지됩니다</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the value could not be written</source>
+        <translation>%1: 값을 기록할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>%1: the camera is lost, nothing was written</source>
+        <translation>%1: 카메라 연결이 끊어져 아무것도 기록되지 않았습니다</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, increment %3</source>
+        <translation>최소값 %1, 최대값 %2, 증분 %3</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, no increment</source>
+        <translation>최소값 %1, 최대값 %2, 증분 없음</translation>
+    </message>
+    <message>
+        <source>Unit: %1</source>
+        <translation>단위: %1</translation>
+    </message>
+</context>
+<context>
     <name>EditTabName</name>
     <message>
         <source>Enter a name for tab %1</source>
@@ -95,13 +158,25 @@
         <source>Locked while the camera is in this state</source>
         <translation>카메라가 이 상태인 동안 잠겨 있습니다</translation>
     </message>
+    <message>
+        <source>Register</source>
+        <translation>레지스터</translation>
+    </message>
+    <message>
+        <source>The camera is lost: this is the last value read from it.</source>
+        <translation>카메라 연결이 끊어졌습니다. 마지막으로 읽은 값입니다.</translation>
+    </message>
+    <message>
+        <source>Could not be read: %1</source>
+        <translation>읽을 수 없습니다: %1</translation>
+    </message>
+    <message>
+        <source>The camera is lost.</source>
+        <translation>카메라 연결이 끊어졌습니다.</translation>
+    </message>
 </context>
 <context>
     <name>FeatureTreeModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>값을 쓸 수 없습니다.</translation>
-    </message>
     <message>
         <source>Category</source>
         <translation>카테고리</translation>
@@ -139,6 +214,14 @@
     <message>
         <source>%1 from parameter collection %2</source>
         <translation>파라미터 컬렉션 %2의 %1</translation>
+    </message>
+    <message>
+        <source>the camera is lost</source>
+        <translation>카메라 연결이 끊어졌습니다</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -197,6 +280,10 @@
         <source>Range: %1..%2</source>
         <translation>범위: %1..%2</translation>
     </message>
+    <message>
+        <source>Increment: %1</source>
+        <translation>증분: %1</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
@@ -254,10 +341,6 @@
 </context>
 <context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>값을 쓸 수 없습니다.</translation>
-    </message>
     <message>
         <source>Feature</source>
         <translation>기능</translation>

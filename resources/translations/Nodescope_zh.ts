@@ -24,6 +24,69 @@
     </message>
 </context>
 <context>
+    <name>EditNotice</name>
+    <message>
+        <source>%1: %2 is above the maximum %3, wrote %4</source>
+        <translation>%1: %2 高于最大值 %3，已写入 %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, wrote %4</source>
+        <translation>%1: %2 低于最小值 %3，已写入 %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is not on the increment %3, wrote %4</source>
+        <translation>%1: %2 不符合增量 %3，已写入 %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 was rounded, wrote %3</source>
+        <translation>%1: %2 已被舍入，已写入 %3</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a number, the value stays %3</source>
+        <translation>%1: “%2”不是数字，值保持为 %3</translation>
+    </message>
+    <message>
+        <source>%1: %2 is above the maximum %3, the value stays %4</source>
+        <translation>%1: %2 高于最大值 %3，值保持为 %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below the minimum %3, the value stays %4</source>
+        <translation>%1: %2 低于最小值 %3，值保持为 %4</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a MAC address, the value stays %3</source>
+        <translation>%1: “%2”不是 MAC 地址，值保持为 %3</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not an IPv4 address, the value stays %3</source>
+        <translation>%1: “%2”不是 IPv4 地址，值保持为 %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1: the value could not be written</source>
+        <translation>%1: 无法写入该值</translation>
+    </message>
+    <message>
+        <source>%1: the camera is lost, nothing was written</source>
+        <translation>%1: 相机已断开，未写入任何内容</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, increment %3</source>
+        <translation>最小值 %1，最大值 %2，增量 %3</translation>
+    </message>
+    <message>
+        <source>Minimum %1, maximum %2, no increment</source>
+        <translation>最小值 %1，最大值 %2，无增量</translation>
+    </message>
+    <message>
+        <source>Unit: %1</source>
+        <translation>单位：%1</translation>
+    </message>
+</context>
+<context>
     <name>EditTabName</name>
     <message>
         <source>Enter a name for tab %1</source>
@@ -95,13 +158,25 @@
         <source>Locked while the camera is in this state</source>
         <translation>相机处于此状态时已锁定</translation>
     </message>
+    <message>
+        <source>Register</source>
+        <translation>寄存器</translation>
+    </message>
+    <message>
+        <source>The camera is lost: this is the last value read from it.</source>
+        <translation>相机已断开：这是最后读取的值。</translation>
+    </message>
+    <message>
+        <source>Could not be read: %1</source>
+        <translation>无法读取：%1</translation>
+    </message>
+    <message>
+        <source>The camera is lost.</source>
+        <translation>相机已断开。</translation>
+    </message>
 </context>
 <context>
     <name>FeatureTreeModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>无法写入该值。</translation>
-    </message>
     <message>
         <source>Category</source>
         <translation>类别</translation>
@@ -139,6 +214,14 @@
     <message>
         <source>%1 from parameter collection %2</source>
         <translation>参数集合 %2 中的 %1</translation>
+    </message>
+    <message>
+        <source>the camera is lost</source>
+        <translation>相机已断开</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
     </message>
 </context>
 <context>
@@ -197,6 +280,10 @@
         <source>Range: %1..%2</source>
         <translation>范围：%1..%2</translation>
     </message>
+    <message>
+        <source>Increment: %1</source>
+        <translation>增量：%1</translation>
+    </message>
 </context>
 <context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
@@ -254,10 +341,6 @@
 </context>
 <context>
     <name>Plugin::Nodescope::Internal::Model::CFeatureTableModel</name>
-    <message>
-        <source>The value could not be written.</source>
-        <translation>无法写入该值。</translation>
-    </message>
     <message>
         <source>Feature</source>
         <translation>功能</translation>

@@ -23,7 +23,22 @@ public:
     bool throwOnType = false;
     bool throwOnSet = false;
     bool reportNull = false;
+    // A parameter type code to report instead of the real one; 0 reports the real one.
+    int forcedType = 0;
     int observers = 0;
+
+    // Serves `data` from now on instead of the real parameter's, and announces it the way the
+    // parameter layer announces a change. Null goes back to the real data.
+    void publish(QSharedPointer<const ParameterCollection::ParameterData> data)
+    {
+        m_forced = data;
+        Q_EMIT parameterDataChanged(data ? data : m_real->getParameterData());
+    }
+    // A copy of the real data to change and publish.
+    QSharedPointer<ParameterCollection::ParameterData> realDataCopy() const
+    {
+        return m_real->getParameterData()->clone();
+    }
 
     QString getName() const override { return m_real->getName(); }
     QString getFeatureName() const override { return m_real->getFeatureName(); }
@@ -33,11 +48,11 @@ public:
         if (throwOnType) {
             throw ParameterCollection::TimeoutException(getFeatureName(), "type query timed out");
         }
-        return m_real->getType();
+        return forcedType != 0 ? forcedType : m_real->getType();
     }
     QSharedPointer<const ParameterCollection::ParameterData> getParameterData() const override
     {
-        return m_real->getParameterData();
+        return m_forced ? m_forced : m_real->getParameterData();
     }
     QString getProperty(const QString& name) const override
     {
@@ -77,6 +92,7 @@ public:
 
 private:
     QSharedPointer<ParameterCollection::IParameter> m_real;
+    QSharedPointer<const ParameterCollection::ParameterData> m_forced;
 };
 
 class FaultyCollection : public ParameterCollection::IParameterCollection {
@@ -84,7 +100,12 @@ class FaultyCollection : public ParameterCollection::IParameterCollection {
 public:
     explicit FaultyCollection(QSharedPointer<ParameterCollection::IParameterCollection> real)
         : m_real(real)
-    {}
+    {
+        connect(real.data(), &IParameterCollection::deviceLost, this,
+                &IParameterCollection::deviceLost);
+        connect(real.data(), &IParameterCollection::writeFailed, this,
+                &IParameterCollection::writeFailed);
+    }
 
     // Extra children appended to a category's real ones: a way to make categories loop.
     QHash<QString, QStringList> extraChildren;

@@ -319,8 +319,12 @@ private Q_SLOTS:
         combo.setRangeAndStep(0, 100, 10);
         combo.setValue(50);
         QSignalSpy values(&combo, &ComboSlider::valueChanged);
+        combo.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&combo));
 
+        combo.spinBox()->setFocus();
         turnWheel(combo.spinBox(), 120);
+        combo.slider()->setFocus();
         turnWheel(combo.slider(), 120);
 
         QCOMPARE(values.count(), 2);

@@ -180,8 +180,8 @@ private Q_SLOTS:
         m_tree->addParameterCollection(m_collection, QStringLiteral("Camera"),
                                        QStringLiteral("@CameraDevice"), false);
         m_view = std::make_unique<TableView>();
-        testModel(model());
-        testModel(proxy());
+        testModelStrictly(model());
+        testModelStrictly(proxy());
         m_view->resize(460, 320);
         m_view->horizontalHeader()->resizeSection(0, 170);
     }

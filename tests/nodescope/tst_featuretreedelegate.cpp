@@ -107,6 +107,39 @@ struct BuiltinTree {
     }
 };
 
+// Any collection's tree in a view with the delegate, at Guru level.
+struct CollectionTree {
+    FeatureTreeModel model;
+    FeatureTreeProxyModel proxy;
+    FeatureTreeHighlighter highlighter;
+    QTreeView view;
+    FeatureTreeDelegate* delegate = new FeatureTreeDelegate(&view, &proxy, &highlighter);
+    bool exposed = false;
+
+    explicit CollectionTree(const QSharedPointer<IParameterCollection>& collection)
+    {
+        proxy.setSourceModel(&model);
+        proxy.addParameterCollection(collection, QStringLiteral("Camera"),
+                                     QStringLiteral("@CameraDevice"), false);
+        view.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+        view.setItemDelegate(delegate);
+        view.setModel(&proxy);
+        view.expandAll();
+        view.resize(600, 900);
+        view.show();
+        exposed = QTest::qWaitForWindowExposed(&view);
+    }
+    QWidget* startEditing(const QString& feature)
+    {
+        const QModelIndex i =
+            proxy.findItemByFullName(QStringLiteral("@CameraDevice/") + feature, nullptr, 1);
+        view.scrollTo(i);
+        view.setCurrentIndex(i);
+        view.edit(i);
+        return view.indexWidget(i);
+    }
+};
+
 // The delegate on a real tree: a view over the proxy over the model of a simulated camera.
 class tst_FeatureTreeDelegate : public QObject, private EditorFixture {
     Q_OBJECT
@@ -666,6 +699,152 @@ private Q_SLOTS:
         QTest::keyClicks(editor, QStringLiteral("0xFF00000001"));
         QTest::keyClick(editor, Qt::Key_Return);
         QCOMPARE(camera.value(QStringLiteral("VntTestAddress40")).toLongLong(), 0xFF00000001LL);
+    }
+    void shouldSayWhatItWroteForAWidthTypedOffTheIncrement()
+    {
+        // Given the slider editor of the built-in camera's Width: 16 to 1920 by 16
+        BuiltinTree camera;
+        QVERIFY(camera.exposed);
+        auto* editor = camera.openPersistent<IntSliderEditor>(QStringLiteral("Width"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QSpinBox*>();
+        QSignalSpy notices(camera.delegate, &FeatureTreeDelegate::notice);
+        // When the user types 1000 and presses Enter
+        spinBox->setFocus();
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("1000"));
+        QTest::keyClick(spinBox, Qt::Key_Return);
+        // Then 992 is written, shown, and the status line says why
+        QCOMPARE(camera.value(QStringLiteral("Width")).toLongLong(), 992);
+        QCOMPARE(spinBox->value(), 992);
+        QCOMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QStringLiteral("Width: 1000 is not on the increment 16, wrote 992 px"));
+        // And a value on the grid is written without a word
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("640"));
+        QTest::keyClick(spinBox, Qt::Key_Return);
+        QCOMPARE(camera.value(QStringLiteral("Width")).toLongLong(), 640);
+        QCOMPARE(notices.count(), 1);
+    }
+
+    void shouldSayWhatItWroteForAnIntegerTypedAboveTheMaximum()
+    {
+        BuiltinTree camera;
+        QVERIFY(camera.exposed);
+        auto* editor = camera.openPersistent<IntSliderEditor>(QStringLiteral("Width"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QSpinBox*>();
+        QSignalSpy notices(camera.delegate, &FeatureTreeDelegate::notice);
+        const qint64 maximum = camera.parameter(QStringLiteral("Width"))
+                                   ->getParameterData()
+                                   .dynamicCast<const IntegerParameterData>()
+                                   ->max;
+        spinBox->setFocus();
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("99999"));
+        QTest::keyClick(spinBox, Qt::Key_Return);
+        QCOMPARE(spinBox->value(), int(maximum));
+        QCOMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QStringLiteral("Width: 99999 is above the maximum %1, wrote %1 px").arg(maximum));
+    }
+
+    void shouldSayWhatItWroteForAnExposureTypedAboveTheMaximum()
+    {
+        // Given the exposure time editor, 20 to 10000000 µs
+        BuiltinTree camera;
+        QVERIFY(camera.exposed);
+        auto* editor = camera.openPersistent<FloatSliderEditor>(QStringLiteral("ExposureTime"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QDoubleSpinBox*>();
+        QSignalSpy notices(camera.delegate, &FeatureTreeDelegate::notice);
+        // When the user types far more than the maximum
+        spinBox->setFocus();
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("99999999"));
+        QTest::keyClick(spinBox, Qt::Key_Return);
+        // Then the maximum is written and shown, and the status line says so
+        QCOMPARE(camera.value(QStringLiteral("ExposureTime")).toDouble(), 1e7);
+        QCOMPARE(spinBox->value(), 1e7);
+        QCOMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QString::fromUtf8("Exposure Time: 99999999 is above the maximum 10000000, "
+                                   "wrote 10000000 µs"));
+    }
+
+    void shouldRefuseLettersInAnIntegerWithAMessage()
+    {
+        // Given the line editor of "Plain Integer", at 42
+        auto* editor = qobject_cast<IntEditor*>(startEditing(QStringLiteral("IntPlain")));
+        QVERIFY(editor);
+        QSignalSpy notices(m_delegate, &FeatureTreeDelegate::notice);
+        const int writes = writeCount();
+        // When the user types a letter into a number
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("7x"));
+        // Then the text is refused, said so, and the editor shows the value again
+        QTRY_COMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QStringLiteral("Plain Integer: \"7x\" is not a number, the value stays 42"));
+        QCOMPARE(editor->text(), QStringLiteral("42"));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(writeCount(), writes);
+        QCOMPARE(value(QStringLiteral("IntPlain")).toLongLong(), 42);
+    }
+
+    void shouldRefuseLettersInASpinBoxWithAMessage()
+    {
+        auto* editor = openPersistent<IntSliderEditor>(QStringLiteral("IntLinear"));
+        QVERIFY(editor);
+        auto* spinBox = editor->findChild<QSpinBox*>();
+        QSignalSpy notices(m_delegate, &FeatureTreeDelegate::notice);
+        spinBox->setFocus();
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, QStringLiteral("6q"));
+        QTRY_COMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QStringLiteral("Linear Integer: \"6q\" is not a number, the value stays 500"));
+        QCOMPARE(spinBox->text(), QStringLiteral("500"));
+        QCOMPARE(value(QStringLiteral("IntLinear")).toLongLong(), 500);
+    }
+
+    void shouldRefuseAnAddressThatIsNoneWithAMessage_data()
+    {
+        QTest::addColumn<QString>("feature");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("IPv4") << "IpAddress"
+                              << "192.168.10.300"
+                              << "IpAddress: \"192.168.10.300\" is not an IPv4 address, the "
+                                 "value stays 192.168.1.20";
+        QTest::newRow("MAC") << "MacAddress"
+                             << "00:1A:2B:3C:4D"
+                             << "MacAddress: \"00:1A:2B:3C:4D\" is not a MAC address, the value "
+                                "stays 00:1a:2b:3c:4d:5e";
+    }
+    void shouldRefuseAnAddressThatIsNoneWithAMessage()
+    {
+        QFETCH(QString, feature);
+        QFETCH(QString, typed);
+        QFETCH(QString, message);
+        // Given the editor of an address
+        openCases(QStringLiteral("integereditors"));
+        CollectionTree tree(m_cases);
+        QVERIFY(tree.exposed);
+        const QVariant before = parameter(feature)->getParameterData()->value;
+        auto* editor = qobject_cast<IntEditor*>(tree.startEditing(feature));
+        QVERIFY(editor);
+        QSignalSpy notices(tree.delegate, &FeatureTreeDelegate::notice);
+        // When the user types something that is no address and presses Enter
+        editor->selectAll();
+        QTest::keyClicks(editor, typed);
+        QTest::keyClick(editor, Qt::Key_Return);
+        // Then nothing is written and the status line says why
+        QTRY_COMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString().toLower(), message.toLower());
+        m_cases->waitForDevice();
+        QCOMPARE(parameter(feature)->getParameterData()->value, before);
     }
 };
 

@@ -6,6 +6,7 @@
 #include "internal/legacy/featuretreemodel.h"
 
 #include <QBrush>
+#include <QPalette>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTranslator>
@@ -218,11 +219,15 @@ private Q_SLOTS:
         QCOMPARE(item("IntPlain")->data(0, Qt::ToolTipRole).toString(),
                  QStringLiteral("<nobr><b>Plain Integer (IntPlain)</b></nobr>"
                                 "<br><nobr>An integer without representation.</nobr>"
-                                "<br><nobr>Integer, access RW, visibility Beginner</nobr>"));
+                                "<br><nobr>Integer, access RW, visibility Beginner</nobr>"
+                                "<br><nobr>Minimum 0, maximum 1000, increment 1</nobr>"));
         // Display name and technical name alike: the name once
-        QCOMPARE(item("IntLog")->data(1, Qt::ToolTipRole).toString(),
-                 QStringLiteral("<nobr><b>IntLog</b></nobr>"
-                                "<br><nobr>Integer, access RW, visibility Beginner</nobr>"));
+        QVERIFY(item("IntLog")
+                    ->data(1, Qt::ToolTipRole)
+                    .toString()
+                    .startsWith(QStringLiteral(
+                        "<nobr><b>IntLog</b></nobr>"
+                        "<br><nobr>Integer, access RW, visibility Beginner</nobr>")));
         QCOMPARE(item("Controls")->data(0, Qt::ToolTipRole).toString(),
                  QStringLiteral("<nobr><b>Controls</b></nobr>"));
     }
@@ -366,6 +371,152 @@ private Q_SLOTS:
             QCOMPARE(parameter->observers, 1);
         }
         QCOMPARE(parameter->observers, 0);
+    }
+
+    void shouldShowAReadErrorAsTheValueInTheErrorColour()
+    {
+        // Given a feature whose value could not be read, for a reason
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        const auto parameter = faulty->parameter("@CameraDevice/IntPlain");
+        const auto node = item("IntPlain", faulty);
+        auto failed = parameter->realDataCopy();
+        failed->readable = false;
+        failed->value = QVariant();
+        failed->errorText = QStringLiteral("timeout reading register 0x100");
+        failed->errorKind = Exception::Timeout;
+        // When the parameter layer publishes it
+        QSignalSpy updated(node.get(), &FeatureTreeINodeItem::nodeUpdated);
+        parameter->publish(failed);
+        QVERIFY(updated.count() >= 1);
+        // Then the value cell reads the reason, in red, and the tool tip gives it too
+        QCOMPARE(node->data(1, Qt::DisplayRole).toString(),
+                 QStringLiteral("timeout reading register 0x100"));
+        QCOMPARE(node->data(1, Qt::ForegroundRole).value<QBrush>().color(),
+                 FeatureTreeINodeItem::errorColour());
+        QVERIFY(node->data(0, Qt::ForegroundRole) !=
+                QVariant(QBrush(FeatureTreeINodeItem::errorColour())));
+        QVERIFY2(node->data(1, Qt::ToolTipRole)
+                     .toString()
+                     .contains(QStringLiteral("Could not be read: timeout reading register 0x100")),
+                 qPrintable(node->data(1, Qt::ToolTipRole).toString()));
+        // And the red reads on the default palette: far from the base colour
+        const QColor base = QPalette().color(QPalette::Base);
+        const QColor red = FeatureTreeINodeItem::errorColour();
+        QVERIFY(qAbs(base.lightness() - red.lightness()) > 80);
+        QVERIFY(red.red() > 2 * red.green());
+    }
+
+    void shouldKeepTheLastValueOfALostCameraGreyed()
+    {
+        // Given a feature with a value, then the camera lost
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        const auto parameter = faulty->parameter("@CameraDevice/IntPlain");
+        const auto node = item("IntPlain", faulty);
+        const QString before = node->data(1, Qt::DisplayRole).toString();
+        QVERIFY(node->isEditable());
+        auto lost = parameter->realDataCopy();
+        lost->deviceLost = true;
+        parameter->publish(lost);
+        // Then the value stays, greyed like a read-only one, and the tool tip says why
+        QCOMPARE(node->data(1, Qt::DisplayRole).toString(), before);
+        QCOMPARE(node->data(1, Qt::ForegroundRole).value<QBrush>().color(),
+                 QPalette().color(QPalette::Disabled, QPalette::Text));
+        QVERIFY(node->data(1, Qt::ToolTipRole)
+                    .toString()
+                    .contains(FeatureTreeINodeItem::lostText().toHtmlEscaped()));
+        QVERIFY(node->isDeviceLost());
+        QVERIFY(!node->isEditable());
+        QVERIFY(!(node->flags(1) & Qt::ItemIsEditable));
+    }
+
+    void shouldShowTheErrorOfALostFeatureNeverRead()
+    {
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        const auto parameter = faulty->parameter("@CameraDevice/IntPlain");
+        const auto node = item("IntPlain", faulty);
+        auto lost = parameter->realDataCopy();
+        lost->deviceLost = true;
+        lost->readable = false;
+        lost->value = QVariant();
+        lost->errorText = QStringLiteral("The connection to the device was lost");
+        parameter->publish(lost);
+        QCOMPARE(node->data(1, Qt::DisplayRole).toString(),
+                 QStringLiteral("The connection to the device was lost"));
+        QCOMPARE(node->data(1, Qt::ForegroundRole).value<QBrush>().color(),
+                 FeatureTreeINodeItem::errorColour());
+    }
+
+    void shouldExplainARestrictionInsteadOfALock()
+    {
+        // Given a locked feature whose data names what locks it
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        const auto parameter = faulty->parameter("@CameraDevice/IntPlain");
+        const auto node = item("IntPlain", faulty);
+        auto locked = parameter->realDataCopy();
+        locked->locked = true;
+        locked->restriction = QStringLiteral("Locked while Exposure Auto is Continuous");
+        parameter->publish(locked);
+        // Then the tool tip gives that reason, not the one that explains nothing
+        const QString tip = node->data(1, Qt::ToolTipRole).toString();
+        QVERIFY2(tip.contains(QStringLiteral("Locked while Exposure Auto is Continuous")),
+                 qPrintable(tip));
+        QVERIFY(!tip.contains(QStringLiteral("Locked while the camera is in this state")));
+        // And without a reason the lock still shows
+        auto unexplained = parameter->realDataCopy();
+        unexplained->locked = true;
+        parameter->publish(unexplained);
+        QVERIFY(node->data(1, Qt::ToolTipRole)
+                    .toString()
+                    .contains(QStringLiteral("Locked while the camera is in this state")));
+    }
+
+    void shouldShowTheRangeIncrementAndUnitOfNumbers()
+    {
+        QVERIFY2(item("IntPlain")
+                     ->data(1, Qt::ToolTipRole)
+                     .toString()
+                     .contains(QStringLiteral("<br><nobr>Minimum 0, maximum 1000, increment 1"
+                                              "</nobr>")),
+                 qPrintable(item("IntPlain")->data(1, Qt::ToolTipRole).toString()));
+        const QString floatTip = item("FloatPlain")->data(1, Qt::ToolTipRole).toString();
+        QVERIFY2(floatTip.contains(QStringLiteral("<br><nobr>Minimum 1, maximum 1000, no "
+                                                  "increment</nobr><br><nobr>Unit: dB</nobr>")),
+                 qPrintable(floatTip));
+        QVERIFY(!item("EnumFeat")->data(1, Qt::ToolTipRole).toString().contains("Minimum"));
+    }
+
+    void shouldShowRegistersAsHexWithoutAnEditor()
+    {
+        // Given a node the parameter layer reports as a register, with its bytes as hex
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        const auto parameter = faulty->parameter("@CameraDevice/IntPlain");
+        parameter->forcedType = RegisterType;
+        auto bytes = QSharedPointer<RegisterParameterData>::create();
+        bytes->type = RegisterType;
+        bytes->name = parameter->getName();
+        bytes->featureName = QStringLiteral("IntPlain");
+        bytes->accessMode = GenApi::RW;
+        bytes->implemented = bytes->available = bytes->readable = bytes->writable = true;
+        bytes->length = 4;
+        bytes->value = QByteArray::fromHex("0a0b0c0d");
+        bytes->displayText = QStringLiteral("0A0B0C0D");
+        parameter->publish(bytes);
+        const auto node = item("IntPlain", faulty);
+        // Then its value reads as hex and it has no editor
+        QCOMPARE(node->editorType(), int(FeatureTreeItem::NoEditorType));
+        QVERIFY(!node->usePersistentEditor());
+        QCOMPARE(node->data(1, Qt::DisplayRole).toString(), QStringLiteral("0A0B0C0D"));
+        QVERIFY(node->data(1, Qt::ToolTipRole).toString().contains(QStringLiteral("Register,")));
+    }
+
+    void shouldWriteAutomaticFloatsAsPlainDecimals()
+    {
+        // Given a float in automatic notation whose value needs an exponent in 'g' form
+        const auto camera = openSimulatedCamera();
+        const auto node = item("ExposureTimeAbs", camera->collection);
+        camera->collection->getParameter("@CameraDevice/ExposureTime")->setValue(1e7);
+        // Then the cell writes it out
+        QTRY_COMPARE(node->data(1, Qt::DisplayRole).toString(), QString::fromUtf8("10000000 µs"));
     }
 
     void shouldLoadChildrenOnlyWhenAsked()

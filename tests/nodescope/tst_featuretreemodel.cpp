@@ -231,9 +231,39 @@ private Q_SLOTS:
         QCOMPARE(log.lines(), QStringList{logLine(269, "Failed to set a feature value.")});
         QCOMPARE(refused.count(), 1);
         QCOMPARE(refused.at(0).at(0).toString(), QStringLiteral("@CameraDevice/IntPlain"));
-        QVERIFY2(refused.at(0).at(1).toString().startsWith("[IntPlain]"),
-                 qPrintable(refused.at(0).at(1).toString()));
+        // naming the feature once, as the user knows it
+        const QString message = refused.at(0).at(1).toString();
+        QVERIFY2(message.startsWith("Plain Integer: "), qPrintable(message));
+        QVERIFY2(!message.contains("IntPlain"), qPrintable(message));
+        QVERIFY2(message.contains("1000"), qPrintable(message));
         QCOMPARE(value.data(Qt::EditRole).toLongLong(), 42);
+    }
+
+    void shouldPutEditorsBackWhenAWriteIsRefused()
+    {
+        // Given a value the parameter layer refuses
+        const QModelIndex value = find(QStringLiteral("IntPlain"), 1);
+        QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
+        // When it is written, the cell announces its unchanged data so that editors show it
+        QVERIFY(!m_model->setData(value, 5000));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).toModelIndex(), value);
+    }
+
+    void shouldTellWhyAWriteIsRefusedWhileTheDeviceIsNotAlive()
+    {
+        const QModelIndex value = find(QStringLiteral("IntPlain"), 1);
+        m_model->setDeviceAlive(false);
+        QSignalSpy refused(m_model.get(), &FeatureTreeModel::writeRefused);
+        QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
+        QVERIFY(!m_model->setData(value, 64));
+        QCOMPARE(refused.count(), 1);
+        QCOMPARE(refused.at(0).at(1).toString(),
+                 QStringLiteral("Plain Integer: the camera is lost, nothing was written"));
+        QCOMPARE(changed.count(), 1);
+        // Clearing a cell with an invalid value is no write attempt
+        QVERIFY(!m_model->setData(value, QVariant()));
+        QCOMPARE(refused.count(), 1);
     }
 
     void shouldNotLogRefusedWritesOnceTheDeviceIsGone()
@@ -447,6 +477,29 @@ private Q_SLOTS:
         m_model->setSearchRegExp(QStringLiteral("P FEAT"));
         QVERIFY(find(QStringLiteral("TopFeature")).data(FeatureTreeItem::SearchedRole).toBool());
         QVERIFY(!find(QStringLiteral("IntPlain")).data(FeatureTreeItem::SearchedRole).toBool());
+    }
+
+    void shouldShowTheTechnicalNameOfARowFoundOnlyByIt()
+    {
+        const auto name = [this] {
+            return find(QStringLiteral("IntPlain")).data(Qt::DisplayRole).toString();
+        };
+        // Given a search that matches "Plain Integer" only by its technical name
+        m_model->setSearchRegExp(QStringLiteral("intpl"));
+        // Then the row says why it matched
+        QVERIFY(find(QStringLiteral("IntPlain")).data(FeatureTreeItem::SearchedRole).toBool());
+        QCOMPARE(name(), QStringLiteral("Plain Integer [IntPlain]"));
+        // A text the displayed name holds needs no explaining
+        m_model->setSearchRegExp(QStringLiteral("plain"));
+        QCOMPARE(name(), QStringLiteral("Plain Integer"));
+        m_model->setSearchRegExp(QStringLiteral("intplain"));
+        QCOMPARE(name(), QStringLiteral("Plain Integer [IntPlain]"));
+        // A row the search no longer finds, and an ended search, show the name alone
+        m_model->setSearchRegExp(QStringLiteral("intplainx"));
+        QCOMPARE(name(), QStringLiteral("Plain Integer"));
+        m_model->setSearchRegExp(QStringLiteral("intpl"));
+        m_model->setSearchRegExp(QString());
+        QCOMPARE(name(), QStringLiteral("Plain Integer"));
     }
 
     void shouldTreatTheSearchTextAsPlainText()

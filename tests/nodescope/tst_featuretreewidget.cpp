@@ -17,6 +17,7 @@
 
 #include <camerapool.h>
 #include <deviceparametercollection.h>
+#include <deviceworker.h>
 #include <simulateddevice.h>
 
 #include <QAction>
@@ -314,7 +315,7 @@ private Q_SLOTS:
         // Watched once the node map is in, as the tree view's tests do: the model loads rows
         // the first time they are asked for, and the tester asks while the proxy is busy.
         testModel(m_widget->proxyModel());
-        testModel(m_widget->tableView()->model());
+        testModelStrictly(m_widget->tableView()->model());
         m_widget->resize(900, 700);
     }
 
@@ -1237,6 +1238,137 @@ private Q_SLOTS:
         QVERIFY(!m_widget->tableView()->getFeatureTableModel()->getDeviceAlive());
         QVERIFY(!m_widget->proxyModel()->setData(treeRow(*m_widget, QStringLiteral("IntPlain"), 1),
                                                  7, Qt::EditRole));
+    }
+
+    void shouldTurnEveryViewOfALostCameraReadOnly()
+    {
+        // Given two panels showing the camera, tree and table, with their editors open
+        FeatureTreeWidget other(QStringLiteral("TreeTest"), nullptr, nullptr, GenApi::Guru, false);
+        other.injectDeviceParameterService(m_service);
+        other.addParameterCollection(m_collection, QStringLiteral("Camera"), kPrefix);
+        for (FeatureTreeWidget* panel : {m_widget.get(), &other}) {
+            panel->resize(900, 700);
+            panel->show();
+            panel->expandTree();
+        }
+        selectTreeRow(QStringLiteral("IntLinear"));
+        QVERIFY(!tableRows(*m_widget).isEmpty());
+        const QVariant before = m_collection->getParameter(fullName(QStringLiteral("IntPlain")))
+                                    ->getParameterData()
+                                    ->value;
+        QSignalSpy texts(m_widget.get(), &FeatureTreeWidget::onNewText);
+        QSignalSpy lost(m_collection.data(), &IParameterCollection::deviceLost);
+
+        // When the camera goes away
+        m_collection->runOnDeviceThread([](Backend::DeviceWorker& worker) {
+            worker.markLost(QStringLiteral("The connection to the device was lost"));
+        });
+        QTRY_COMPARE(lost.count(), 1);
+
+        // Then every editor of both panels takes no input
+        for (FeatureTreeWidget* panel : {m_widget.get(), &other}) {
+            for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(panel->treeView()),
+                                            static_cast<QAbstractItemView*>(panel->tableView())}) {
+                const QList<QWidget*> editors =
+                    view->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+                for (QWidget* editor : editors) {
+                    QVERIFY2(!editor->isEnabled(), editor->metaObject()->className());
+                }
+            }
+            QVERIFY(!panel->treeView()->viewport()->findChildren<QWidget*>().isEmpty());
+        }
+        // And no value cell can be edited any more
+        const QModelIndex plain = treeRow(*m_widget, QStringLiteral("IntPlain"), 1);
+        QVERIFY(!(plain.flags() & Qt::ItemIsEditable));
+        // And a write that still comes is refused with the reason, and its editor is reset
+        QSignalSpy resets(m_widget->proxyModel(), &QAbstractItemModel::dataChanged);
+        QVERIFY(!m_widget->proxyModel()->setData(plain, 7, Qt::EditRole));
+        QCOMPARE(texts.last().at(0).toString(),
+                 QStringLiteral("Plain Integer: the camera is lost, nothing was written"));
+        QCOMPARE(resets.count(), 1);
+        QVERIFY(!other.tableView()->model()->setData(other.tableView()->model()->index(0, 1), 7,
+                                                     Qt::EditRole));
+        m_collection->waitForDevice();
+        QCOMPARE(m_collection->getParameter(fullName(QStringLiteral("IntPlain")))
+                     ->getParameterData()
+                     ->value,
+                 before);
+        // And editors opened afterwards are read-only from the start
+        selectTreeRow(QStringLiteral("FloatPlain"));
+        const QList<QWidget*> tableEditors =
+            m_widget->tableView()->viewport()->findChildren<QWidget*>(QString(),
+                                                                      Qt::FindDirectChildrenOnly);
+        QVERIFY(!tableEditors.isEmpty());
+        for (QWidget* editor : tableEditors) {
+            QVERIFY(!editor->isEnabled());
+        }
+    }
+
+    void shouldTellWhyTheCurrentFeatureCannotBeChangedOrRead()
+    {
+        // Given a camera whose features carry a restriction and an error
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        FeatureTreeWidget panel(QStringLiteral("TreeTest"), nullptr, nullptr, GenApi::Guru, false);
+        panel.injectDeviceParameterService(m_service);
+        panel.addParameterCollection(faulty, QStringLiteral("Camera"), kPrefix);
+        auto locked = faulty->parameter(fullName(QStringLiteral("IntPlain")))->realDataCopy();
+        locked->locked = true;
+        locked->restriction = QStringLiteral("Locked while Exposure Auto is Continuous");
+        faulty->parameter(fullName(QStringLiteral("IntPlain")))->publish(locked);
+        auto failed = faulty->parameter(fullName(QStringLiteral("IntLog")))->realDataCopy();
+        failed->readable = false;
+        failed->value = QVariant();
+        failed->errorText = QStringLiteral("timeout reading register 0x108");
+        faulty->parameter(fullName(QStringLiteral("IntLog")))->publish(failed);
+        QSignalSpy texts(&panel, &FeatureTreeWidget::onNewText);
+
+        // When the user makes each the current feature, the status line says why
+        panel.treeView()->setCurrentIndex(treeRow(panel, QStringLiteral("IntPlain")));
+        QCOMPARE(texts.count(), 1);
+        QCOMPARE(texts.last().at(0).toString(),
+                 QStringLiteral("Plain Integer: Locked while Exposure Auto is Continuous"));
+        panel.treeView()->setCurrentIndex(treeRow(panel, QStringLiteral("IntLog")));
+        QCOMPARE(texts.count(), 2);
+        QCOMPARE(texts.last().at(0).toString(),
+                 QStringLiteral("IntLog: timeout reading register 0x108"));
+        // And a feature with nothing to explain adds nothing
+        panel.treeView()->setCurrentIndex(treeRow(panel, QStringLiteral("IntHex")));
+        QCOMPARE(texts.count(), 2);
+        // And a reason that comes while the feature is current is told once
+        auto hexLocked = faulty->parameter(fullName(QStringLiteral("IntHex")))->realDataCopy();
+        hexLocked->locked = true;
+        hexLocked->restriction = QStringLiteral("Locked while Acquisition Mode is Continuous");
+        faulty->parameter(fullName(QStringLiteral("IntHex")))->publish(hexLocked);
+        QCOMPARE(texts.count(), 3);
+        QVERIFY2(texts.last().at(0).toString().endsWith(
+                     QStringLiteral(": Locked while Acquisition Mode is Continuous")),
+                 qPrintable(texts.last().at(0).toString()));
+        faulty->parameter(fullName(QStringLiteral("IntHex")))->publish(hexLocked);
+        QCOMPARE(texts.count(), 3);
+    }
+
+    void shouldCopyAValueThatCouldNotBeReadAsItsReason()
+    {
+        auto faulty = QSharedPointer<FaultyCollection>::create(m_collection);
+        FeatureTreeWidget panel(QStringLiteral("TreeTest"), nullptr, nullptr, GenApi::Guru, false);
+        panel.addParameterCollection(faulty, QStringLiteral("Camera"), kPrefix);
+        auto failed = faulty->parameter(fullName(QStringLiteral("IntLog")))->realDataCopy();
+        failed->readable = false;
+        failed->value = QVariant();
+        failed->errorText = QStringLiteral("timeout reading register 0x108");
+        faulty->parameter(fullName(QStringLiteral("IntLog")))->publish(failed);
+        const QString text = panel.featuresAsText();
+        QVERIFY2(text.contains(QStringLiteral("IntLog\ttimeout reading register 0x108\n")),
+                 qPrintable(text));
+    }
+
+    void shouldNameTheFeatureOnceForAWriteTheDeviceRefusedLater()
+    {
+        QSignalSpy texts(m_widget.get(), &FeatureTreeWidget::onNewText);
+        Q_EMIT m_collection->writeFailed(fullName(QStringLiteral("IntPlain")), Exception::Access,
+                                         QStringLiteral("access denied"));
+        QCOMPARE(texts.count(), 1);
+        QCOMPARE(texts.last().at(0).toString(), QStringLiteral("Plain Integer: access denied"));
     }
 
     void shouldForgetEverythingOnClear()

@@ -61,14 +61,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("feature");
         QTest::addColumn<QString>("toolTip");
-        QTest::newRow("no increment") << "Plain"
-                                      << "Range: 1..1000";
+        QTest::newRow("no increment") << "Plain" << QString::fromUtf8("Range: 1..1000\nUnit: µs");
         QTest::newRow("increment") << "Stepped"
-                                   << "Range: 0..100 (Increment: 0.5)";
+                                   << "Range: 0..100 (Increment: 0.5)\nUnit: ms";
         QTest::newRow("negative minimum") << "LogNegative"
-                                          << "Range: -10..10";
+                                          << "Range: -10..10\nUnit: dB";
         QTest::newRow("small numbers") << "Tiny"
-                                       << "Range: 1e-06..0.01";
+                                       << "Range: 0.000001..0.01\nUnit: s";
     }
     void shouldShowTheRangeAsToolTip()
     {
@@ -217,7 +216,7 @@ private Q_SLOTS:
                                 {exposure, camera->collection});
         QVERIFY(!editor->alias());
         QCOMPARE(editor->spinBox()->suffix(), QStringLiteral(" µs"));
-        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 20..10000000"));
+        QCOMPARE(editor->toolTip(), QString::fromUtf8("Range: 20..10000000\nUnit: µs"));
         QSignalSpy answered(exposure.data(), &IParameter::parameterDataChanged);
 
         // When 1234.56 is typed and committed
@@ -241,7 +240,7 @@ private Q_SLOTS:
 
         // Then the alias is shown
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("128 LSB"));
-        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 0..255"));
+        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 0..255\nUnit: LSB"));
 
         // When the user types 200 and presses Enter
         QSignalSpy changed(editor, &FloatEditor::boxValueChanged);

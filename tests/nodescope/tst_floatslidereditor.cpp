@@ -82,12 +82,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("toolTip");
         QTest::newRow("linear with increment") << "SteppedLinear"
                                                << "10.0 ms"
-                                               << "Range: 0..100 (Increment: 0.5)";
-        QTest::newRow("logarithmic")
-            << "LogFloat" << QStringLiteral("100.0 µs") << "Range: 1..1000";
+                                               << "Range: 0..100 (Increment: 0.5)\nUnit: ms";
+        QTest::newRow("logarithmic") << "LogFloat" << QStringLiteral("100.0 µs")
+                                     << QString::fromUtf8("Range: 1..1000\nUnit: µs");
         QTest::newRow("linear, two decimals") << "RoundedLinear"
                                               << "12.30 dB"
-                                              << "Range: 0..100";
+                                              << "Range: 0..100\nUnit: dB";
     }
     void shouldShowUnitNotationAndRangeToolTip()
     {
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QCOMPARE(editor->logMin(), std::log2(20.0));
         QCOMPARE(editor->logMax(), std::log2(1e7));
         QCOMPARE(editor->spinBox()->suffix(), QStringLiteral(" µs"));
-        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 20..10000000"));
+        QCOMPARE(editor->toolTip(), QString::fromUtf8("Range: 20..10000000\nUnit: µs"));
 
         editor->slider()->triggerAction(QAbstractSlider::SliderPageStepAdd);
 
@@ -264,7 +264,7 @@ private Q_SLOTS:
         QVERIFY(editor->alias());
         QCOMPARE(editor->alias()->getName(), fullFeatureName(QStringLiteral("Gain/Alias")));
         QCOMPARE(editor->spinBox()->text(), QStringLiteral("2.000 x"));
-        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 1..16"));
+        QCOMPARE(editor->toolTip(), QStringLiteral("Range: 1..16\nUnit: x"));
         QSignalSpy changed(editor, &FloatSliderEditor::boxValueChanged);
 
         // When the user steps the slider

@@ -137,7 +137,8 @@ private Q_SLOTS:
         editor.setEditorData({parameterOf(source, feature), {}});
 
         QCOMPARE(editor.text(), text);
-        QCOMPARE(editor.toolTip(), toolTip);
+        // The range comes first; increment and unit follow on lines of their own
+        QCOMPARE(editor.toolTip().section(QLatin1Char('\n'), 0, 0), toolTip);
         QVERIFY(editor.hasAcceptableInput());
         QCOMPARE(editor.editorData(), QVariant(text));
         QCOMPARE(log.lines(), QStringList());
@@ -215,7 +216,7 @@ private Q_SLOTS:
         editor.setEditorData({parameterOf(QStringLiteral("camera"), feature), {}});
 
         QCOMPARE(editor.text(), text);
-        QCOMPARE(editor.toolTip(), toolTip);
+        QCOMPARE(editor.toolTip().section(QLatin1Char('\n'), 0, 0), toolTip);
         // The value itself is beyond 32 bits and still counts as a value.
         QVERIFY(editor.hasAcceptableInput());
     }
@@ -298,11 +299,21 @@ private Q_SLOTS:
 
         IntEditor editor;
         editor.setEditorData({parameterOf(source, feature), {}});
+        const QString shown = editor.text();
+        QSignalSpy notices(&editor, &IntEditor::notice);
 
         retype(editor, typed);
 
         QCOMPARE(editor.text(), text);
         QCOMPARE(editor.hasAcceptableInput(), acceptable);
+        // A refused key is reported, and then the editor shows the value it had again
+        if (typed == text) {
+            QCoreApplication::processEvents();
+            QCOMPARE(notices.count(), 0);
+        } else {
+            QTRY_VERIFY(notices.count() >= 1);
+            QCOMPARE(editor.text(), shown);
+        }
     }
 
     void shouldHandTheTextToTheParameterAsAString_data()
@@ -403,15 +414,45 @@ private Q_SLOTS:
         QCOMPARE(editor.text(), shown);
     }
 
-    void shouldPassMalformedAddressesOnForThePlugInToRefuse()
+    void shouldShowTheIncrementAndUnitInTheToolTip()
     {
+        IntEditor editor;
+        editor.setEditorData({tree(QStringLiteral("IntLinear")), {}});
+        QCOMPARE(editor.toolTip(), QStringLiteral("Range: 0..1000\nIncrement: 10"));
+        editor.setEditorData({parameterOf(QStringLiteral("camera"), QStringLiteral("Width")), {}});
+        QCOMPARE(editor.toolTip(), QStringLiteral("Range: 16..1920\nIncrement: 16\nUnit: px"));
+    }
+
+    void shouldRefuseLettersAndSayWhy()
+    {
+        IntEditor editor;
+        editor.setEditorData({tree(QStringLiteral("IntPlain")), {}});
+        QSignalSpy notices(&editor, &IntEditor::notice);
+        retype(editor, QStringLiteral("4b"));
+        QTRY_COMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QStringLiteral("Plain Integer: \"4b\" is not a number, the value stays 42"));
+        QCOMPARE(editor.text(), QStringLiteral("42"));
+    }
+
+    void shouldRefuseMalformedAddressesAndSayWhy()
+    {
+        // Given the editor of an IPv4 address
         const auto address = parameter(QStringLiteral("IpAddress"));
         IntEditor editor;
         editor.setEditorData({address, {}});
+        const QString shown = editor.text();
+        QSignalSpy notices(&editor, &IntEditor::notice);
+        // When the user types no address
         retype(editor, QStringLiteral("10.0.300.7"));
-
-        QCOMPARE(editor.editorData(), QVariant(QStringLiteral("10.0.300.7")));
-        QVERIFY(!write(editor, address).isEmpty());
+        // Then there is nothing to write, the status line hears why and the value is back
+        QCOMPARE(editor.editorData(), QVariant());
+        QCOMPARE(notices.count(), 1);
+        QCOMPARE(notices.at(0).at(0).toString(),
+                 QStringLiteral("IpAddress: \"10.0.300.7\" is not an IPv4 address, the value "
+                                "stays %1")
+                     .arg(shown));
+        QCOMPARE(editor.text(), shown);
     }
 
     void shouldShowTheValueTheCameraReportsWhenCalledAgain()

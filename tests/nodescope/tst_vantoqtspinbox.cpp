@@ -89,6 +89,15 @@ private Q_SLOTS:
     {
         m_box->setSingleStep(3);
         QSignalSpy finished(m_box, &VantoQtSpinBox::editingFinished);
+        // The wheel turns only the box the user works in
+        QVERIFY(!turnWheel(m_box, 120));
+        QCOMPARE(m_box->value(), 50);
+        QCOMPARE(finished.count(), 0);
+        m_parent->show();
+        m_parent->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_parent.get()));
+        m_box->setFocus();
+        QTRY_VERIFY(m_box->hasFocus());
 
         turnWheel(m_box, 120);
         QCOMPARE(m_box->value(), 53);
@@ -179,6 +188,33 @@ private Q_SLOTS:
 
         QCOMPARE(finished.count(), 1);
         QCOMPARE(m_box->value(), 42);
+    }
+
+    void shouldTakeANumberBeyondTheRangeAsTheNearestBoundAndTellWhatWasTyped()
+    {
+        QSignalSpy committed(m_box, &VantoQtSpinBox::typingCommitted);
+        selectAllAndType(m_box, "250");
+        QCOMPARE(m_box->text(), QStringLiteral("250"));
+
+        QTest::keyClick(m_box, Qt::Key_Enter);
+
+        QCOMPARE(m_box->value(), 100);
+        QCOMPARE(committed.count(), 1);
+        QCOMPARE(committed.at(0).at(0).toString(), QStringLiteral("250"));
+        // Stepping is no typing
+        QTest::keyClick(m_box, Qt::Key_Down);
+        QCOMPARE(committed.count(), 1);
+    }
+
+    void shouldRefuseLettersAndShowTheValueAgain()
+    {
+        QSignalSpy refused(m_box, &VantoQtSpinBox::typingRefused);
+        selectAllAndType(m_box, "4z");
+
+        QTRY_COMPARE(refused.count(), 1);
+        QCOMPARE(refused.at(0).at(0).toString(), QStringLiteral("4z"));
+        QCOMPARE(m_box->text(), QStringLiteral("50"));
+        QCOMPARE(m_box->value(), 50);
     }
 
     void shouldShowNoSelectionWhenShownWithoutFocus()

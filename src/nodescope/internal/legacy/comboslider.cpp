@@ -1,5 +1,6 @@
 #include "comboslider.h"
 
+#include "editorwheelguard.h"
 #include "vantoqtspinbox.h"
 
 #include <QFontMetrics>
@@ -38,6 +39,8 @@ ComboSlider::ComboSlider(QWidget* parent)
     m_spinBox->setMinimumWidth(
         m_spinBox->style()->sizeFromContents(QStyle::CT_SpinBox, &option, text, m_spinBox).width());
 
+    // Scrolling a view across the slider must not move it.
+    EditorWheelGuard::guard(this);
     connect(m_slider, &QSlider::valueChanged, this, &ComboSlider::onSliderValueChanged);
     connect(m_spinBox, &VantoQtSpinBox::editingFinished, this,
             &ComboSlider::onComboBoxEditingFinished);

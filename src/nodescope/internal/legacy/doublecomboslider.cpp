@@ -1,6 +1,7 @@
 #include "doublecomboslider.h"
 
 #include "internal/legacy/doublespinbox.h"
+#include "internal/legacy/editnotice.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -215,7 +216,9 @@ void DoubleComboSlider::setEditBoxWidth(int width)
 void DoubleComboSlider::updateToolTip()
 {
     try {
-        setToolTip(DoubleSpinBox::rangeToolTip(m_minimum, m_maximum, m_increment, locale()));
+        setToolTip(EditNotice::withUnit(
+            DoubleSpinBox::rangeToolTip(m_minimum, m_maximum, m_increment, locale()),
+            m_spinBox->unit()));
     } catch (const std::exception& e) {
         qDebug("Error creating tooltip text! Err='%s'", e.what());
     }

@@ -1,5 +1,6 @@
 #include "doublespinbox.h"
 
+#include "internal/legacy/editnotice.h"
 #include "internal/legacy/valueformat.h"
 
 #include <QDebug>
@@ -83,6 +84,7 @@ void DoubleSpinBox::setUnit(const QString& unit)
     }
     m_unit = unit;
     setSuffix(unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
+    updateToolTip();
 }
 
 void DoubleSpinBox::setRangeAndStep(double minimum, double maximum, double increment)
@@ -125,14 +127,12 @@ double DoubleSpinBox::derivedStep(double minimum, double maximum)
 QString DoubleSpinBox::rangeToolTip(double minimum, double maximum, double increment,
                                     const QLocale& locale)
 {
-    const QString min =
-        formatDoubleValue(minimum, kToolTipPrecision, FormatValueGeneralFormat, locale);
-    const QString max =
-        formatDoubleValue(maximum, kToolTipPrecision, FormatValueGeneralFormat, locale);
+    // Plain decimals: a bound of 1e7 reads as 10000000.
+    const QString min = formatPlainDouble(minimum, kToolTipPrecision, locale);
+    const QString max = formatPlainDouble(maximum, kToolTipPrecision, locale);
     if (increment > 0.0) {
         return tr("Range: %1..%2 (Increment: %3)")
-            .arg(min, max,
-                 formatDoubleValue(increment, kToolTipPrecision, FormatValueGeneralFormat, locale));
+            .arg(min, max, formatPlainDouble(increment, kToolTipPrecision, locale));
     }
     return tr("Range: %1..%2").arg(min, max);
 }
@@ -140,7 +140,8 @@ QString DoubleSpinBox::rangeToolTip(double minimum, double maximum, double incre
 void DoubleSpinBox::updateToolTip()
 {
     try {
-        setToolTip(rangeToolTip(m_minimum, m_maximum, m_increment, locale()));
+        setToolTip(EditNotice::withUnit(rangeToolTip(m_minimum, m_maximum, m_increment, locale()),
+                                        m_unit));
     } catch (const std::exception& e) {
         qDebug("Error creating tooltip text! Err='%s'", e.what());
     }
@@ -155,9 +156,14 @@ QString DoubleSpinBox::textFromValue(double value) const
     case Scientific:
         return numbers.toString(value, 'e', m_precision);
     default:
-        // As the value column writes it.
-        return numbers.toString(value, 'g', qMax(m_precision, 6));
+        // As the value column writes it: never in exponent form.
+        return formatPlainDouble(value, qMax(m_precision, 6), numbers);
     }
+}
+
+bool DoubleSpinBox::parseNumber(const QString& text, double* value) const
+{
+    return parse(numberText(text), value);
 }
 
 double DoubleSpinBox::valueFromText(const QString& text) const

@@ -43,6 +43,10 @@ public:
 
     virtual void updateToolTip();
 
+    // Reads typed text as a number, as the box does, without clamping it; false when the text
+    // is no number.
+    bool parseNumber(const QString& text, double* value) const;
+
     QString textFromValue(double value) const override;
     double valueFromText(const QString& text) const override;
     QValidator::State validate(QString& input, int& pos) const override;

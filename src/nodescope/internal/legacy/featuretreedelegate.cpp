@@ -2,6 +2,7 @@
 
 #include "abstractitemeditor.h"
 #include "checkboxeditor.h"
+#include "editorwheelguard.h"
 #include "enumeditor.h"
 #include "featuretreehighlighter.h"
 #include "featuretreeinodeitem.h"
@@ -62,26 +63,54 @@ QWidget* FeatureTreeDelegate::createEditor(QWidget* parent, const QStyleOptionVi
     switch (item->editorType()) {
     case FeatureTreeItem::IntEditorType:
     case FeatureTreeItem::IntSliderEditorType:
-        return createIntEditor(parent, option,
-                               qSharedPointerObjectCast<IIntegerParameter>(parameter));
+        return prepared(
+            createIntEditor(parent, option, qSharedPointerObjectCast<IIntegerParameter>(parameter)),
+            index);
     case FeatureTreeItem::FloatEditorType:
     case FeatureTreeItem::FloatSliderEditorType:
-        return createFloatEditor(parent, option,
-                                 qSharedPointerObjectCast<IFloatParameter>(parameter),
-                                 item->collection());
+        return prepared(createFloatEditor(parent, option,
+                                          qSharedPointerObjectCast<IFloatParameter>(parameter),
+                                          item->collection()),
+                        index);
     case FeatureTreeItem::EnumEditorType:
-        return createEnumEditor(parent, option,
-                                qSharedPointerObjectCast<IEnumParameter>(parameter));
+        return prepared(
+            createEnumEditor(parent, option, qSharedPointerObjectCast<IEnumParameter>(parameter)),
+            index);
     case FeatureTreeItem::BoolEditorType:
-        return createCheckBoxEditor(parent, option,
-                                    qSharedPointerObjectCast<IBooleanParameter>(parameter));
+        return prepared(createCheckBoxEditor(
+                            parent, option, qSharedPointerObjectCast<IBooleanParameter>(parameter)),
+                        index);
     case FeatureTreeItem::CommandEditorType:
-        return createToolButtonEditor(parent, option,
-                                      qSharedPointerObjectCast<ICommandParameter>(parameter));
+        return prepared(createToolButtonEditor(
+                            parent, option, qSharedPointerObjectCast<ICommandParameter>(parameter)),
+                        index);
     default:
         // Strings, and anything unknown, get the line edit Qt makes for the edit value.
-        return QStyledItemDelegate::createEditor(parent, option, index);
+        return prepared(QStyledItemDelegate::createEditor(parent, option, index), index);
     }
+}
+
+QWidget* FeatureTreeDelegate::prepared(QWidget* editor, const QModelIndex& index) const
+{
+    if (!editor) {
+        return nullptr;
+    }
+    EditorWheelGuard::guard(editor);
+    showLost(editor, index);
+    return editor;
+}
+
+void FeatureTreeDelegate::showLost(QWidget* editor, const QModelIndex& index) const
+{
+    auto* item = m_extension
+                     ? dynamic_cast<FeatureTreeINodeItem*>(m_extension->getFeatureTreeItem(index))
+                     : nullptr;
+    if (!item || !item->isDeviceLost()) {
+        return;
+    }
+    // The editor keeps showing the last value, greyed, and takes no input.
+    editor->setEnabled(false);
+    editor->setToolTip(FeatureTreeINodeItem::lostText());
 }
 
 QWidget* FeatureTreeDelegate::createEnumEditor(QWidget* parent, const QStyleOptionViewItem&,
@@ -129,10 +158,13 @@ QWidget* FeatureTreeDelegate::createIntEditor(QWidget* parent, const QStyleOptio
     if (isSliderRepresentation(representationOf(*parameter))) {
         auto* editor = new IntSliderEditor(parent);
         connect(editor, &IntSliderEditor::valueChanged, this, &FeatureTreeDelegate::emitCommitData);
+        connect(editor, &IntSliderEditor::notice, this, &FeatureTreeDelegate::notice);
         return editor;
     }
     // Typed numbers are written when editing ends, not at every digit.
-    return new IntEditor(parent);
+    auto* editor = new IntEditor(parent);
+    connect(editor, &IntEditor::notice, this, &FeatureTreeDelegate::notice);
+    return editor;
 }
 
 QWidget*
@@ -148,10 +180,12 @@ FeatureTreeDelegate::createFloatEditor(QWidget* parent, const QStyleOptionViewIt
         auto* editor = new FloatSliderEditor(parent, collection);
         connect(editor, &FloatSliderEditor::boxValueChanged, this,
                 &FeatureTreeDelegate::emitCommitData);
+        connect(editor, &FloatSliderEditor::notice, this, &FeatureTreeDelegate::notice);
         return editor;
     }
     auto* editor = new FloatEditor(parent, aliasKey);
     connect(editor, &FloatEditor::boxValueChanged, this, &FeatureTreeDelegate::emitCommitData);
+    connect(editor, &FloatEditor::notice, this, &FeatureTreeDelegate::notice);
     return editor;
 }
 
@@ -173,6 +207,8 @@ void FeatureTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& inde
         auto* nodeItem = dynamic_cast<FeatureTreeINodeItem*>(item);
         if (itemEditor && nodeItem) {
             itemEditor->setEditorData({nodeItem->node(), nodeItem->collection()});
+            // Loading enables an editor by the data, which may predate the loss.
+            showLost(editor, index);
             return;
         }
         // Never replace what the user is typing with a value that a poll brought in.

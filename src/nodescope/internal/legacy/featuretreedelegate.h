@@ -47,6 +47,10 @@ public:
     // The row height rule: on a scaled display (above 96 dpi), an 8-point font plus 4 pixels.
     static QSize scaledSizeHint(const QSize& base, const QFont& font, qreal logicalDpi);
 
+Q_SIGNALS:
+    // What an editor has to tell about the user's typing, for the status line.
+    void notice(const QString& text);
+
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
@@ -54,6 +58,10 @@ private Q_SLOTS:
     void emitCommitData();
 
 private:
+    // Every editor: the wheel is left to the view, and a lost camera's editors take nothing.
+    QWidget* prepared(QWidget* editor, const QModelIndex& index) const;
+    void showLost(QWidget* editor, const QModelIndex& index) const;
+
     IFeatureTreeModelExtension* m_extension; // not owned
     FeatureTreeHighlighter* m_highlighter;   // not owned; may be null
 };

@@ -1,11 +1,15 @@
 #include "featuretreeinodeitem.h"
 
+#include "editnotice.h"
+#include "searchmatcher.h"
 #include "ifeaturetreemodelextension.h"
+#include "valueformat.h"
 
 #include "../../displaynamecache.h"
 
 #include <parametercollection/parametername.h>
 
+#include <QBrush>
 #include <QCoreApplication>
 #include <QUuid>
 
@@ -34,6 +38,8 @@ QString typeText(int type)
         return FeatureTreeINodeItem::tr("Enumeration");
     case CategoryType:
         return FeatureTreeINodeItem::tr("Category");
+    case RegisterType:
+        return FeatureTreeINodeItem::tr("Register");
     default:
         return FeatureTreeINodeItem::tr("Unknown");
     }
@@ -183,10 +189,41 @@ QString FeatureTreeINodeItem::getTechnicalName() const
     return m_technicalName.isEmpty() ? FeatureTreeItem::getTechnicalName() : m_technicalName;
 }
 
+bool FeatureTreeINodeItem::isDeviceLost() const
+{
+    if (m_data && m_data->deviceLost) {
+        return true;
+    }
+    try {
+        return m_collection && m_collection->isLost();
+    } catch (...) {
+        return false;
+    }
+}
+
+bool FeatureTreeINodeItem::hasReadError() const
+{
+    return m_data && m_data->hasError() && !m_data->readable;
+}
+
+QString FeatureTreeINodeItem::lostText()
+{
+    return tr("The camera is lost: this is the last value read from it.");
+}
+
+QColor FeatureTreeINodeItem::errorColour()
+{
+    return QColor(0xc0, 0x10, 0x10);
+}
+
 QString FeatureTreeINodeItem::valueText() const
 {
     if (isCategory()) {
         return QString();
+    }
+    // The reason is the value a user gets: "<not readable>" would hide it.
+    if (hasReadError()) {
+        return m_data->errorText;
     }
     if (!m_data->implemented) {
         return tr("<not implemented>");
@@ -194,6 +231,12 @@ QString FeatureTreeINodeItem::valueText() const
     if (m_data->readable) {
         QString text =
             m_data->displayText.isEmpty() ? m_data->value.toString() : m_data->displayText;
+        const auto* number = dynamic_cast<const FloatParameterData*>(m_data.data());
+        if (number && number->displayNotation == FloatParameterData::Automatic &&
+            m_data->value.isValid()) {
+            // Automatic notation still writes plain decimals: 1e+07 reads as 10000000.
+            text = formatPlainDouble(m_data->value.toDouble(), qMax(number->displayPrecision, 6));
+        }
         if (!m_data->unit.isEmpty() && m_data->isNumeric()) {
             text += QLatin1Char(' ') + m_data->unit;
         }
@@ -231,13 +274,42 @@ QString FeatureTreeINodeItem::richToolTip() const
     text += line(tr("%1, access %2, visibility %3")
                      .arg(typeText(m_data->type), GenApi::accessModeToString(m_data->accessMode),
                           GenApi::visibilityToString(m_data->visibility)));
-    if (m_data->locked) {
+    const QString range = EditNotice::rangeText(*m_data, getSystemLocale());
+    for (const QString& piece : range.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        text += line(piece);
+    }
+    return text + stateLines();
+}
+
+QString FeatureTreeINodeItem::stateLines() const
+{
+    QString text;
+    if (!m_data->restriction.isEmpty()) {
+        text += line(m_data->restriction);
+    } else if (m_data->locked) {
         text += line(tr("Locked while the camera is in this state"));
     }
-    if (!m_data->readable && !m_data->errorText.isEmpty()) {
-        text += line(m_data->errorText);
+    if (m_data->hasError()) {
+        text += line(tr("Could not be read: %1").arg(m_data->errorText));
+    }
+    if (isDeviceLost()) {
+        text += line(m_data->readable ? lostText() : tr("The camera is lost."));
     }
     return text;
+}
+
+QVariant FeatureTreeINodeItem::foreground(int column) const
+{
+    if (column == 1 && !isCategory()) {
+        if (hasReadError()) {
+            return QBrush(errorColour());
+        }
+        if (isDeviceLost()) {
+            // Greyed: the last value, kept but no longer the camera's.
+            return FeatureTreeItem::getForegroundRole();
+        }
+    }
+    return getForegroundRole();
 }
 
 QVariant FeatureTreeINodeItem::data(int column, int role) const
@@ -260,6 +332,8 @@ QVariant FeatureTreeINodeItem::data(int column, int role) const
         return m_data->value;
     case Qt::ToolTipRole:
         return richToolTip();
+    case Qt::ForegroundRole:
+        return foreground(column);
     case FullNameRole:
         return getFullName();
     case TechnicalNameStringRole:
@@ -377,7 +451,7 @@ int FeatureTreeINodeItem::editorType(const FeatureTreeINodeItem* item)
 bool FeatureTreeINodeItem::isEditable() const
 {
     return m_data && !isCategory() && m_data->implemented && m_data->available &&
-           m_data->writable && !m_data->locked;
+           m_data->writable && !m_data->locked && !isDeviceLost();
 }
 
 bool FeatureTreeINodeItem::usePersistentEditor() const
@@ -417,6 +491,23 @@ QVariant FeatureTreeINodeItem::getForegroundRole() const
 IFeatureTreeModelExtension* FeatureTreeINodeItem::getExtension() const
 {
     return FeatureTreeItem::getExtension();
+}
+
+bool FeatureTreeINodeItem::applySearch(const SearchMatcher& matcher)
+{
+    bool searched = false;
+    QString secondName;
+    if (!matcher.isEmpty()) {
+        const bool byName = matcher.matches(getDisplayedName());
+        searched = byName || matcher.matches(getTechnicalName());
+        if (searched && !byName) {
+            secondName = getTechnicalName();
+        }
+    }
+    const bool changed = searched != isSearched() || secondName != m_secondName;
+    setSearched(searched);
+    m_secondName = secondName;
+    return changed;
 }
 
 void FeatureTreeINodeItem::addNodeUpdatedSignalObserver()
@@ -471,7 +562,9 @@ void FeatureTreeINodeItem::onParameterDataChanged(QSharedPointer<const Parameter
     const bool nameChanged =
         !old || old->visibility != data->visibility || old->accessMode != data->accessMode ||
         old->writable != data->writable || old->locked != data->locked ||
-        old->available != data->available || old->implemented != data->implemented;
+        old->available != data->available || old->implemented != data->implemented ||
+        old->deviceLost != data->deviceLost || old->errorText != data->errorText ||
+        old->restriction != data->restriction;
     if (nameChanged) {
         announce(0);
     }

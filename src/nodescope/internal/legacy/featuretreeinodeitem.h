@@ -6,9 +6,11 @@
 #include <parametercollection/iparametercollection.h>
 #include <parametercollection/parameterdata.h>
 
+#include <QColor>
 #include <QSharedPointer>
 
 class FeatureTreeHighlighter;
+class SearchMatcher;
 
 // A row that stands for one parameter. It answers from the parameter's latest snapshot, so
 // painting never touches the device; children are loaded the first time they are needed.
@@ -61,6 +63,14 @@ public:
         return m_data;
     }
     bool isCategory() const override;
+    // The camera is gone: the data says so, or the collection learnt it before any new data.
+    bool isDeviceLost() const;
+    // The data carries a reason why its value could not be read, and no value.
+    bool hasReadError() const;
+    // The tool tip line of a lost camera's features and editors.
+    static QString lostText();
+    // The colour of values that are errors: a red that reads on the default palette.
+    static QColor errorColour();
     QString getTechnicalName() const override;
     const void* featureKey() const override { return m_parameter.data(); }
     // Whether the node map's texts came UTF-8 encoded; the names arrive decoded either way.
@@ -70,6 +80,11 @@ public:
     // A name shown in brackets after the displayed one, for rows that need telling apart.
     void setSecondName(const QString& name) { m_secondName = name; }
     QString secondName() const { return m_secondName; }
+
+    // Marks the row found or not by `matcher` (an empty one finds nothing). A row found by its
+    // technical name alone shows that name after its displayed one, or the match would make no
+    // sense to the user. True when the row's look changed.
+    bool applySearch(const SearchMatcher& matcher);
 
     void addNodeUpdatedSignalObserver();
     void removeNodeUpdatedSignalObserver();
@@ -88,6 +103,8 @@ private:
     void loadChildren();
     QString valueText() const;
     QString richToolTip() const;
+    QString stateLines() const;
+    QVariant foreground(int column) const;
 
     QSharedPointer<ParameterCollection::IParameterCollection> m_collection;
     QSharedPointer<ParameterCollection::IParameter> m_parameter;

@@ -4,6 +4,7 @@
 #include "featuretreeinodeitem.h"
 #include "featuretreeitem.h"
 #include "searchmatcher.h"
+#include "editnotice.h"
 
 #include <QDebug>
 #include <QMimeData>
@@ -110,10 +111,14 @@ QVariant FeatureTreeModel::data(const QModelIndex& index, int role) const
 bool FeatureTreeModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (!index.isValid() || !index.internalPointer() || role != Qt::EditRole ||
-        index.column() != 1 || !value.isValid() || !m_deviceAlive) {
+        index.column() != 1 || !value.isValid()) {
         return false;
     }
     auto* item = static_cast<FeatureTreeItem*>(index.internalPointer());
+    if (!m_deviceAlive) {
+        refuseWrite(index, EditNotice::cameraLost(item->getDisplayedName()));
+        return false;
+    }
     try {
         if (item->data(1, Qt::EditRole) == value) {
             return true;
@@ -124,16 +129,24 @@ bool FeatureTreeModel::setData(const QModelIndex& index, const QVariant& value, 
         if (m_deviceAlive) {
             qDebug() << kSourcePath << " " << 269 << " "
                      << "Failed to set a feature value.";
-            Q_EMIT writeRefused(item->getFullName(), QString::fromUtf8(e.what()));
+            refuseWrite(index, EditNotice::writeRefused(item->getDisplayedName(), e));
         }
     } catch (...) {
         if (m_deviceAlive) {
             qDebug() << kSourcePath << " " << 269 << " "
                      << "Failed to set a feature value.";
-            Q_EMIT writeRefused(item->getFullName(), tr("The value could not be written."));
+            refuseWrite(index, EditNotice::notWritten(item->getDisplayedName()));
         }
     }
     return false;
+}
+
+void FeatureTreeModel::refuseWrite(const QModelIndex& index, const QString& message)
+{
+    auto* item = static_cast<FeatureTreeItem*>(index.internalPointer());
+    Q_EMIT writeRefused(item->getFullName(), message);
+    // The editor shows what it was told to write; the cell's data puts it back.
+    Q_EMIT dataChanged(index, index);
 }
 
 Qt::ItemFlags FeatureTreeModel::flags(const QModelIndex& index) const
@@ -432,11 +445,14 @@ void FeatureTreeModel::markSearched(FeatureTreeItem* item, const SearchMatcher& 
     const int count = item->childCount();
     for (int i = 0; i < count; ++i) {
         FeatureTreeItem* child = item->child(i);
-        if (empty) {
-            child->setSearched(false);
-        } else if (!m_searchNarrowing || child->isSearched()) {
-            child->setSearched(
-                matcher.matchesNames(child->getTechnicalName(), child->getDisplayedName()));
+        auto* node = dynamic_cast<FeatureTreeINodeItem*>(child);
+        if (empty || !m_searchNarrowing || child->isSearched()) {
+            if (node) {
+                node->applySearch(matcher);
+            } else {
+                child->setSearched(!empty && matcher.matchesNames(child->getTechnicalName(),
+                                                                  child->getDisplayedName()));
+            }
         }
         markSearched(child, matcher);
     }

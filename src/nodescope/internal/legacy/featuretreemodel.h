@@ -104,6 +104,7 @@ private:
                          const QSharedPointer<ParameterCollection::IParameter>& parameter,
                          QList<FeatureTreeItem*>& created, QSet<QString>& expanding);
     FeatureTreeItem* itemOrRoot(const QModelIndex& index) const;
+    void refuseWrite(const QModelIndex& index, const QString& message);
     void loadSubtree(FeatureTreeItem* item);
     void markSearched(FeatureTreeItem* item, const SearchMatcher& matcher);
     void markHighlighted(FeatureTreeItem* item, const QSet<QString>& names);

@@ -4,6 +4,8 @@
 
 #include "ui_featuretreewidget.h"
 
+#include "editnotice.h"
+#include "featuretreedelegate.h"
 #include "featuretreehighlighter.h"
 #include "featuretreeinodeitem.h"
 #include "featuretreeitem.h"
@@ -147,6 +149,10 @@ private:
     {
         if (!data) {
             return FeatureTreeINodeItem::tr("<not available>");
+        }
+        // As in the tree: a value that could not be read reads as its reason.
+        if (data->hasError() && !data->readable) {
+            return data->errorText;
         }
         if (!data->implemented) {
             return FeatureTreeINodeItem::tr("<not implemented>");
@@ -343,6 +349,48 @@ void FeatureTreeWidget::connectSignals()
         connect(model, &FeatureTreeModel::writeRefused, this, report);
     }
     connect(table->getFeatureTableModel(), &CFeatureTableModel::writeRefused, this, report);
+    connect(proxyModel(), &QAbstractItemModel::dataChanged, this,
+            &FeatureTreeWidget::onRowsChanged);
+    connect(tableRows, &QAbstractItemModel::dataChanged, this, &FeatureTreeWidget::onRowsChanged);
+    // And so does what an editor did not write as typed.
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(tree), static_cast<QAbstractItemView*>(table)}) {
+        if (auto* delegate = qobject_cast<FeatureTreeDelegate*>(view->itemDelegate())) {
+            connect(delegate, &FeatureTreeDelegate::notice, this, &FeatureTreeWidget::onNewText);
+        }
+    }
+}
+
+QString FeatureTreeWidget::labelOf(const QString& fullName) const
+{
+    FeatureTreeProxyModel* proxy = proxyModel();
+    FeatureTreeModel* model = proxy ? proxy->getFeatureTreeModel() : nullptr;
+    if (model) {
+        const QModelIndex index = model->findItemByFullName(fullName, nullptr, 0);
+        if (FeatureTreeItem* item = model->getFeatureTreeItem(index)) {
+            return item->getDisplayedName();
+        }
+    }
+    return ParameterName(fullName).feature();
+}
+
+void FeatureTreeWidget::onDeviceLost()
+{
+    deviceIsClosed();
+    // Editors already open keep the last values, greyed; new ones open greyed too.
+    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(ui->treeView),
+                                    static_cast<QAbstractItemView*>(ui->nodescopeTableView)}) {
+        const QList<QWidget*> editors =
+            view->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* editor : editors) {
+            editor->setEnabled(false);
+            editor->setToolTip(FeatureTreeINodeItem::lostText());
+        }
+        // The models stay silent once the device is gone; the cells show the loss as drawn.
+        view->viewport()->update();
+    }
+    // The loss itself is the host's to report, with the camera's name: every panel of the
+    // camera saying it again would only push that report out of the status line.
 }
 
 FeatureTreeView* FeatureTreeWidget::treeView() const
@@ -446,9 +494,10 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
         // Writes the device refused later, after the editor let go.
         connect(collection.data(), &IParameterCollection::writeFailed, this,
                 [this](const QString& fullName, Exception::Kind, const QString& message) {
-                    Q_EMIT onNewText(
-                        QStringLiteral("[%1] %2").arg(ParameterName(fullName).feature(), message));
+                    Q_EMIT onNewText(EditNotice::deviceRefused(labelOf(fullName), message));
                 });
+        connect(collection.data(), &IParameterCollection::deviceLost, this,
+                &FeatureTreeWidget::onDeviceLost);
     }
 
     // Filtered before the tree reads the node map, so its rows start out with the imposed
@@ -939,6 +988,8 @@ void FeatureTreeWidget::onSelectedChanged()
 void FeatureTreeWidget::onCurrentChanged(const QModelIndex& index)
 {
     const bool searching = ui->filterEdit->hasFocus();
+    m_current = QPersistentModelIndex();
+    m_currentState.clear();
     if (!index.isValid()) {
         // Nothing is current any more, as after the current row was hidden.
         if (!searching) {
@@ -961,6 +1012,54 @@ void FeatureTreeWidget::onCurrentChanged(const QModelIndex& index)
     if (!node && item->hasDescription()) {
         Q_EMIT onNewText(item->getDescription());
     }
+    m_current = index;
+    m_currentState = node ? stateText(*node) : QString();
+    if (!m_currentState.isEmpty()) {
+        Q_EMIT onNewText(m_currentState);
+    }
+}
+
+void FeatureTreeWidget::onRowsChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight)
+{
+    if (!m_current.isValid() || m_current.model() != topLeft.model() ||
+        m_current.parent() != topLeft.parent() || m_current.row() < topLeft.row() ||
+        m_current.row() > bottomRight.row()) {
+        return;
+    }
+    const auto* extension = dynamic_cast<const IFeatureTreeModelExtension*>(m_current.model());
+    auto* node = extension
+                     ? dynamic_cast<FeatureTreeINodeItem*>(extension->getFeatureTreeItem(m_current))
+                     : nullptr;
+    const QString state = node ? stateText(*node) : QString();
+    if (state == m_currentState) {
+        return;
+    }
+    m_currentState = state;
+    if (!state.isEmpty()) {
+        Q_EMIT onNewText(state);
+    }
+}
+
+QString FeatureTreeWidget::stateText(const FeatureTreeINodeItem& node) const
+{
+    const QSharedPointer<const ParameterData> data = node.getParameterData();
+    if (!data || node.isCategory()) {
+        return QString();
+    }
+    // Why the value is missing, then why it can't be changed: the two things a user asks.
+    QStringList reasons;
+    if (data->hasError()) {
+        reasons.append(data->errorText);
+    }
+    if (node.isDeviceLost()) {
+        reasons.append(tr("the camera is lost"));
+    } else if (!data->restriction.isEmpty()) {
+        reasons.append(data->restriction);
+    }
+    if (reasons.isEmpty()) {
+        return QString();
+    }
+    return tr("%1: %2").arg(node.getDisplayedName(), reasons.join(QStringLiteral("; ")));
 }
 
 void FeatureTreeWidget::onTableSelectionChanged()

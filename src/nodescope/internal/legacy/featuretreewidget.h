@@ -9,6 +9,7 @@
 
 #include <QList>
 #include <QMap>
+#include <QPersistentModelIndex>
 #include <QSharedPointer>
 #include <QString>
 #include <QVariant>
@@ -16,6 +17,7 @@
 
 #include <memory>
 
+class FeatureTreeINodeItem;
 class FeatureTreeItem;
 class FeatureTreeProxyModel;
 class FeatureTreeView;
@@ -169,6 +171,13 @@ private:
     void moveCurrentFavorite(bool up);
     void reportFilterMatches();
     void fitNameColumn(QAbstractItemView* view, QHeaderView* header);
+    void onDeviceLost();
+    // The feature's displayed name in the tree, else its name.
+    QString labelOf(const QString& fullName) const;
+    // Why the current feature shows no value or can't be changed, for the status line.
+    QString stateText(const FeatureTreeINodeItem& node) const;
+    // Tells the status line when the current feature's reason changes while it is current.
+    void onRowsChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight);
 
     std::unique_ptr<Ui_FeatureTreeWidgetClass> ui;
     QString m_cameraType;
@@ -183,6 +192,8 @@ private:
     // Set once the owner or the user gave the tree's name column a width.
     bool m_treeColumnChosen = false;
     QList<SParameterCollectionItem> m_collections;
+    QPersistentModelIndex m_current;              // of the view that made it current
+    QString m_currentState;                       // what the status line last heard about it
     QAction* m_actionTogglePolling = nullptr;     // owned as QObject child
     QAction* m_actionMoveFavouriteUp = nullptr;   // owned as QObject child
     QAction* m_actionMoveFavouriteDown = nullptr; // owned as QObject child

@@ -1,6 +1,7 @@
 #include "floateditor.h"
 
 #include "internal/legacy/doublespinbox.h"
+#include "internal/legacy/editnotice.h"
 #include "internal/legacy/floataliasfollower.h"
 
 #include <QHBoxLayout>
@@ -21,6 +22,9 @@ FloatEditor::FloatEditor(QWidget* parent, QString aliasKey)
 
     connect(m_spinBox, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &FloatEditor::onSpinBoxValueChanged);
+    connect(m_spinBox, &VantoQtDoubleSpinBox::typingCommitted, this,
+            &FloatEditor::onTypingCommitted);
+    connect(m_spinBox, &VantoQtDoubleSpinBox::typingRefused, this, &FloatEditor::onTypingRefused);
     m_follower = new FloatAliasFollower(m_spinBox, m_aliasKey, this);
     connect(m_follower, &FloatAliasFollower::loadRequested, this, &FloatEditor::load);
 }
@@ -82,4 +86,25 @@ void FloatEditor::onSpinBoxValueChanged(double value)
         return;
     }
     Q_EMIT boxValueChanged(value);
+}
+
+void FloatEditor::onTypingCommitted(const QString& typed)
+{
+    double typedValue = 0.0;
+    if (!m_spinBox->parseNumber(typed, &typedValue)) {
+        return;
+    }
+    const QString text = EditNotice::floatWritten(
+        EditNotice::featureLabel(m_follower->feature().data()), typed, typedValue,
+        m_spinBox->value(), m_spinBox->minimum(), m_spinBox->maximum(), m_spinBox->increment(),
+        m_spinBox->unit(), m_spinBox->locale());
+    if (!text.isEmpty()) {
+        Q_EMIT notice(text);
+    }
+}
+
+void FloatEditor::onTypingRefused(const QString& attempt)
+{
+    Q_EMIT notice(EditNotice::notANumber(EditNotice::featureLabel(m_follower->feature().data()),
+                                         attempt, m_spinBox->text()));
 }

@@ -31,10 +31,14 @@ public:
 Q_SIGNALS:
     // The user changed the value; never emitted while data is loaded.
     void boxValueChanged(double value);
+    // For the status line: typing that was not written as typed, and why.
+    void notice(const QString& text);
 
 private:
     void load();
     void onSpinBoxValueChanged(double value);
+    void onTypingCommitted(const QString& typed);
+    void onTypingRefused(const QString& attempt);
 
     DoubleSpinBox* m_spinBox = nullptr;       // a child of this widget
     FloatAliasFollower* m_follower = nullptr; // a child of this widget

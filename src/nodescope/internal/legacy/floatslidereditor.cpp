@@ -1,6 +1,7 @@
 #include "floatslidereditor.h"
 
 #include "internal/legacy/doublespinbox.h"
+#include "internal/legacy/editnotice.h"
 #include "internal/legacy/floataliasfollower.h"
 
 #include <QDebug>
@@ -15,6 +16,10 @@ FloatSliderEditor::FloatSliderEditor(QWidget* parent,
     : TwoModeDoubleComboSlider(parent), m_collection(std::move(collection))
 {
     connect(this, &DoubleComboSlider::valueChanged, this, &FloatSliderEditor::onValueChanged);
+    connect(spinBox(), &VantoQtDoubleSpinBox::typingCommitted, this,
+            &FloatSliderEditor::onTypingCommitted);
+    connect(spinBox(), &VantoQtDoubleSpinBox::typingRefused, this,
+            &FloatSliderEditor::onTypingRefused);
     m_follower = new FloatAliasFollower(spinBox(), this);
     connect(m_follower, &FloatAliasFollower::loadRequested, this, &FloatSliderEditor::load);
 }
@@ -60,7 +65,10 @@ void FloatSliderEditor::load()
     if (isEnabled() != data->writable) {
         setEnabled(data->writable);
     }
-    spinBox()->setUnit(data->unit);
+    if (spinBox()->unit() != data->unit) {
+        spinBox()->setUnit(data->unit);
+        updateToolTip();
+    }
     spinBox()->setNotation(data->displayNotation, data->displayPrecision);
     setMode(data->representation == QLatin1String("Logarithmic") ? LogarithmicMode : LinearMode);
     const double increment = data->hasIncrement ? data->increment : 0.0;
@@ -83,4 +91,24 @@ void FloatSliderEditor::onValueChanged(double value)
         return;
     }
     Q_EMIT boxValueChanged(value);
+}
+
+void FloatSliderEditor::onTypingCommitted(const QString& typed)
+{
+    double typedValue = 0.0;
+    if (!spinBox()->parseNumber(typed, &typedValue)) {
+        return;
+    }
+    const QString text = EditNotice::floatWritten(
+        EditNotice::featureLabel(m_follower->feature().data()), typed, typedValue, value(),
+        minimum(), maximum(), increment(), spinBox()->unit(), spinBox()->locale());
+    if (!text.isEmpty()) {
+        Q_EMIT notice(text);
+    }
+}
+
+void FloatSliderEditor::onTypingRefused(const QString& attempt)
+{
+    Q_EMIT notice(EditNotice::notANumber(EditNotice::featureLabel(m_follower->feature().data()),
+                                         attempt, spinBox()->text()));
 }

@@ -1,10 +1,12 @@
 #include "inteditor.h"
 
+#include "editnotice.h"
 #include "hexvalidator.h"
 #include "integereditordata.h"
 #include "trimtoint32.h"
 
 #include <QIntValidator>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QRegularExpressionValidator>
@@ -28,22 +30,28 @@ QLocale numberLocale()
     return c;
 }
 
-// "192.168.0.1" and "00:1A:2B:3C:4D:5E" as the decimal text the parameter layer takes; any
-// other text is handed on unchanged and refused there.
+bool isAddress(const QString& representation)
+{
+    return representation == QLatin1String("IPV4Address") ||
+           representation == QLatin1String("MACAddress");
+}
+
+// "192.168.0.1" and "00:1A:2B:3C:4D:5E" as the decimal text the parameter layer takes, and
+// a null text for an address that is none; any other text is handed on unchanged.
 QString numericText(const QString& text, const QString& representation)
 {
     const QString trimmed = text.trimmed();
     if (representation == QLatin1String("IPV4Address")) {
         const QStringList parts = trimmed.split(QLatin1Char('.'));
         if (parts.size() != 4) {
-            return text;
+            return QString();
         }
         quint32 address = 0;
         for (const QString& part : parts) {
             bool ok = false;
             const uint byte = part.toUInt(&ok, 10);
             if (!ok || byte > 255) {
-                return text;
+                return QString();
             }
             address = (address << 8) | byte;
         }
@@ -52,14 +60,14 @@ QString numericText(const QString& text, const QString& representation)
     if (representation == QLatin1String("MACAddress")) {
         const QStringList parts = trimmed.split(QLatin1Char(':'));
         if (parts.size() != 6) {
-            return text;
+            return QString();
         }
         quint64 address = 0;
         for (const QString& part : parts) {
             bool ok = false;
             const uint byte = part.toUInt(&ok, 16);
             if (!ok || part.size() > 2) {
-                return text;
+                return QString();
             }
             address = (address << 8) | byte;
         }
@@ -68,12 +76,27 @@ QString numericText(const QString& text, const QString& representation)
     return text;
 }
 
+// Decimal, or "0x" hexadecimal as the parameter layer takes it.
+bool parseInteger(const QString& text, qint64* value)
+{
+    const QString trimmed = text.trimmed();
+    bool ok = false;
+    const qint64 number = trimmed.startsWith(QLatin1String("0x"))
+                              ? trimmed.mid(2).toLongLong(&ok, 16)
+                              : trimmed.toLongLong(&ok, 10);
+    if (ok) {
+        *value = number;
+    }
+    return ok;
+}
+
 } // namespace
 
 IntEditor::IntEditor(QWidget* parent) : QLineEdit(parent)
 {
     setFrame(false);
     setContentsMargins(1, 0, 1, 0);
+    connect(this, &QLineEdit::inputRejected, this, &IntEditor::onInputRejected);
 }
 
 void IntEditor::setEditorData(AbstractItemEditor::EditorData data)
@@ -85,6 +108,10 @@ void IntEditor::setEditorData(AbstractItemEditor::EditorData data)
             return;
         }
         const QString& representation = integer->representation;
+        m_feature = EditNotice::featureLabel(data.parameter.data());
+        m_minimum = integer->min;
+        m_maximum = integer->max;
+        m_current = integer->readable ? integer->displayText : tr("<not readable>");
         if (!integer->readable) {
             m_representation = representation;
             // No range is known; the placeholder text fails the check and so is never written
@@ -107,13 +134,17 @@ void IntEditor::setEditorData(AbstractItemEditor::EditorData data)
             setEditorText(QStringLiteral("%1").arg(integer->displayText));
             const int minimum = trimToInt32(integer->min);
             const int maximum = trimToInt32(integer->max);
-            if (hex) {
-                setToolTip(tr("Range: 0x%1..0x%2")
-                               .arg(QString::number(minimum, 16), QString::number(maximum, 16)));
-            } else {
-                setToolTip(tr("Range: %1..%2")
-                               .arg(QString::number(minimum, 10), QString::number(maximum, 10)));
+            const int base = hex ? 16 : 10;
+            QString range =
+                hex ? tr("Range: 0x%1..0x%2")
+                          .arg(QString::number(minimum, base), QString::number(maximum, base))
+                    : tr("Range: %1..%2")
+                          .arg(QString::number(minimum, base), QString::number(maximum, base));
+            if (integer->increment != 1) {
+                range += QLatin1Char('\n') +
+                         tr("Increment: %1").arg(QString::number(integer->increment, base));
             }
+            setToolTip(EditNotice::withUnit(range, integer->unit));
         } else if (representation == QLatin1String("IPV4Address") ||
                    representation == QLatin1String("Boolean") ||
                    representation == QLatin1String("MACAddress")) {
@@ -132,7 +163,55 @@ void IntEditor::setEditorData(AbstractItemEditor::EditorData data)
 
 QVariant IntEditor::editorData()
 {
-    return QVariant(numericText(text(), m_representation));
+    const QString numeric = numericText(text(), m_representation);
+    if (numeric.isNull() && isAddress(m_representation)) {
+        const QString typed = text();
+        showCurrentValue();
+        Q_EMIT notice(EditNotice::notAnAddress(m_feature, typed, m_representation, m_current));
+        return QVariant();
+    }
+    return QVariant(numeric);
+}
+
+void IntEditor::keyPressEvent(QKeyEvent* event)
+{
+    // Only a typed character can be refused as such; pasted text is told as a whole.
+    if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
+        QString attempt = text();
+        if (hasSelectedText()) {
+            attempt.replace(selectionStart(), selectedText().size(), event->text());
+        } else {
+            attempt.insert(cursorPosition(), event->text());
+        }
+        m_attempt = attempt;
+    } else {
+        m_attempt = text();
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void IntEditor::onInputRejected()
+{
+    const QString attempt = m_attempt;
+    // Not from inside the line edit's own handling of the key.
+    QMetaObject::invokeMethod(
+        this,
+        [this, attempt] {
+            showCurrentValue();
+            qint64 number = 0;
+            Q_EMIT notice(parseInteger(attempt, &number)
+                              ? EditNotice::outOfRange(m_feature, attempt, number, m_minimum,
+                                                       m_maximum, m_current)
+                              : EditNotice::notANumber(m_feature, attempt, m_current));
+        },
+        Qt::QueuedConnection);
+}
+
+void IntEditor::showCurrentValue()
+{
+    setText(m_current);
+    setModified(false);
+    selectAll();
 }
 
 void IntEditor::setCheck(Check check, long long minimum, long long maximum)

@@ -1,8 +1,11 @@
 #include "intslidereditor.h"
 
+#include "editnotice.h"
 #include "integereditordata.h"
 #include "trimtoint32.h"
+#include "vantoqtspinbox.h"
 
+#include <QLocale>
 #include <QSlider>
 
 #include <cstdlib>
@@ -13,6 +16,8 @@ IntSliderEditor::IntSliderEditor(QWidget* parent) : ComboSlider(parent)
 {
     // The cell's own text must not show through between slider and spin box.
     setAutoFillBackground(true);
+    connect(m_spinBox, &VantoQtSpinBox::typingCommitted, this, &IntSliderEditor::onTypingCommitted);
+    connect(m_spinBox, &VantoQtSpinBox::typingRefused, this, &IntSliderEditor::onTypingRefused);
 }
 
 void IntSliderEditor::setEditorData(AbstractItemEditor::EditorData data)
@@ -24,6 +29,11 @@ void IntSliderEditor::setEditorData(AbstractItemEditor::EditorData data)
             return;
         }
         const QByteArray name = parameter->getName().toUtf8();
+        m_feature = EditNotice::featureLabel(parameter);
+        if (m_unit != integer->unit) {
+            m_unit = integer->unit;
+            updateToolTip();
+        }
         if (!integer->readable) {
             qDebug("Non-readable slider: %s??????", name.constData());
             return;
@@ -66,4 +76,32 @@ void IntSliderEditor::setEditorData(AbstractItemEditor::EditorData data)
 QVariant IntSliderEditor::editorData()
 {
     return QVariant(m_slider->value());
+}
+
+void IntSliderEditor::updateToolTip()
+{
+    ComboSlider::updateToolTip();
+    setToolTip(EditNotice::withUnit(toolTip(), m_unit));
+}
+
+void IntSliderEditor::onTypingCommitted(const QString& typed)
+{
+    bool ok = false;
+    const qint64 typedValue = locale().toLongLong(typed, &ok);
+    if (!ok) {
+        return;
+    }
+    const QString text =
+        EditNotice::integerWritten(m_feature, typed, typedValue, value(), minimum(), maximum(),
+                                   m_spinBox->singleStep(), m_unit);
+    if (!text.isEmpty()) {
+        Q_EMIT notice(text);
+    }
+}
+
+void IntSliderEditor::onTypingRefused(const QString& attempt)
+{
+    const QString current = QString::number(value());
+    Q_EMIT notice(EditNotice::notANumber(
+        m_feature, attempt, m_unit.isEmpty() ? current : current + QLatin1Char(' ') + m_unit));
 }

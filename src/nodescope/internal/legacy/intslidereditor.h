@@ -12,4 +12,17 @@ public:
 
     void setEditorData(AbstractItemEditor::EditorData data) override;
     QVariant editorData() override;
+    // The range tool tip, with the feature's unit.
+    void updateToolTip() override;
+
+Q_SIGNALS:
+    // For the status line: typing that was not written as typed, and why.
+    void notice(const QString& text);
+
+private:
+    void onTypingCommitted(const QString& typed);
+    void onTypingRefused(const QString& attempt);
+
+    QString m_feature;
+    QString m_unit;
 };

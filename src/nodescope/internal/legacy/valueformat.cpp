@@ -98,6 +98,31 @@ QString formatDoubleValue(double value, int precision, QFlags<FormatValueFlag> f
     return text;
 }
 
+QString formatPlainDouble(double value, int significantDigits, const QLocale& locale)
+{
+    if (!std::isfinite(value)) {
+        return locale.toString(value);
+    }
+    // Past this many decimals a double holds nothing but noise.
+    const int maxDecimals = 340;
+    const int digits = qMax(1, significantDigits);
+    const int magnitude = value == 0.0 ? 0 : int(std::floor(std::log10(std::fabs(value))));
+    const int decimals = qBound(0, digits - 1 - magnitude, maxDecimals);
+    QString text = withoutGroupSeparators(locale.toString(value, 'f', decimals), locale);
+    const QString point = decimalPointOf(locale);
+    const int pointAt = text.indexOf(point);
+    if (pointAt >= 0) {
+        const QString zero = zeroDigitOf(locale);
+        while (text.endsWith(zero)) {
+            text.chop(zero.size());
+        }
+        if (text.endsWith(point)) {
+            text.chop(point.size());
+        }
+    }
+    return text;
+}
+
 QString formatIntegerValue(long long value, QFlags<FormatValueFlag> flags, const QLocale& locale)
 {
     const QString text = locale.toString(static_cast<qlonglong>(value));

@@ -69,6 +69,12 @@ const QLocale& getSystemLocale();
 QString formatDoubleValue(double value, int precision, QFlags<FormatValueFlag> flags = {},
                           const QLocale& locale = getSystemLocale());
 
+// A plain decimal, never in exponent form: `significantDigits` significant digits (at least
+// one), trailing zeros of the fraction and a bare decimal point dropped, no group separators.
+// 1e7 gives 10000000 and 1.5e-7 gives 0.00000015.
+QString formatPlainDouble(double value, int significantDigits,
+                          const QLocale& locale = getSystemLocale());
+
 // Only FormatValueKeepGroupSeparators applies; without it separators go at every magnitude.
 QString formatIntegerValue(long long value, QFlags<FormatValueFlag> flags = {},
                            const QLocale& locale = getSystemLocale());

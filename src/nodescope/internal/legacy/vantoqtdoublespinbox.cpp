@@ -13,6 +13,33 @@ VantoQtDoubleSpinBox::VantoQtDoubleSpinBox(QWidget* parent) : QDoubleSpinBox(par
     setKeyboardTracking(false);
     // Not WheelFocus: a wheel turned over the box while scrolling must not grab it.
     setFocusPolicy(Qt::StrongFocus);
+    connect(lineEdit(), &QLineEdit::inputRejected, this, &VantoQtDoubleSpinBox::onInputRejected);
+}
+
+QString VantoQtDoubleSpinBox::withoutAffixes(QString text) const
+{
+    if (!prefix().isEmpty() && text.startsWith(prefix())) {
+        text.remove(0, prefix().size());
+    }
+    if (!suffix().isEmpty() && text.endsWith(suffix())) {
+        text.chop(suffix().size());
+    }
+    return text.trimmed();
+}
+
+void VantoQtDoubleSpinBox::onInputRejected()
+{
+    const QString attempt = withoutAffixes(m_attempt);
+    // Not from inside the line edit's own handling of the key.
+    QMetaObject::invokeMethod(
+        this,
+        [this, attempt] {
+            setValue(value());
+            lineEdit()->setModified(false);
+            selectAll();
+            Q_EMIT typingRefused(attempt);
+        },
+        Qt::QueuedConnection);
 }
 
 void VantoQtDoubleSpinBox::setPageStep(double step)
@@ -69,6 +96,19 @@ void VantoQtDoubleSpinBox::keyPressEvent(QKeyEvent* event)
         break;
     }
     const bool commit = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const QString typed = commit && isEditing() ? withoutAffixes(lineEdit()->text()) : QString();
+    if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
+        QString attempt = lineEdit()->text();
+        if (lineEdit()->hasSelectedText()) {
+            attempt.replace(lineEdit()->selectionStart(), lineEdit()->selectedText().size(),
+                            event->text());
+        } else {
+            attempt.insert(lineEdit()->cursorPosition(), event->text());
+        }
+        m_attempt = attempt;
+    } else {
+        m_attempt = lineEdit()->text();
+    }
     if (commit) {
         // The typing ends before the base commits it and signals.
         lineEdit()->setModified(false);
@@ -79,6 +119,9 @@ void VantoQtDoubleSpinBox::keyPressEvent(QKeyEvent* event)
     if (commit) {
         // Committed already; the view must not close the editor or move on.
         event->accept();
+        if (!typed.isEmpty()) {
+            Q_EMIT typingCommitted(typed);
+        }
     }
 }
 
@@ -93,9 +136,13 @@ void VantoQtDoubleSpinBox::wheelEvent(QWheelEvent* event)
 
 void VantoQtDoubleSpinBox::focusOutEvent(QFocusEvent* event)
 {
+    const QString typed = isEditing() ? withoutAffixes(lineEdit()->text()) : QString();
     // The typing ends before the base commits it and signals.
     lineEdit()->setModified(false);
     QDoubleSpinBox::focusOutEvent(event);
+    if (!typed.isEmpty()) {
+        Q_EMIT typingCommitted(typed);
+    }
 }
 
 void VantoQtDoubleSpinBox::showEvent(QShowEvent* event)

@@ -26,6 +26,12 @@ public:
 Q_SIGNALS:
     // Escape took the typing back.
     void editingCancelled();
+    // Typing ended, by Enter or by leaving the box, and the box took it as its value (clamped
+    // to the range, or moved onto the grid); `typed` is the text as the user typed it.
+    void typingCommitted(const QString& typed);
+    // A key was refused: `attempt` is the text it would have made. The box shows its value
+    // again.
+    void typingRefused(const QString& attempt);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -36,6 +42,10 @@ protected:
     virtual double steppedValue(double from, int steps) const;
 
 private:
+    QString withoutAffixes(QString text) const;
+    void onInputRejected();
+
+    QString m_attempt;
     double m_pageStep = 0.0;
     bool m_pageKey = false;
 };

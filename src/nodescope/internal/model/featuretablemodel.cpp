@@ -2,6 +2,7 @@
 
 #include "nodescopeconstants.h"
 
+#include "internal/legacy/editnotice.h"
 #include "internal/legacy/featuretreeinodeitem.h"
 #include "internal/legacy/featuretreeitem.h"
 #include "internal/legacy/searchmatcher.h"
@@ -114,11 +115,15 @@ QVariant CFeatureTableModel::data(const QModelIndex& index, int role) const
 bool CFeatureTableModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     // Views clear a moved row by writing invalid values: never a write to the camera.
-    if (role != Qt::EditRole || index.column() != 1 || !value.isValid() || !m_deviceAlive) {
+    if (role != Qt::EditRole || index.column() != 1 || !value.isValid()) {
         return false;
     }
     FeatureTreeINodeItem* item = itemAt(index);
     if (!item) {
+        return false;
+    }
+    if (!m_deviceAlive) {
+        refuseWrite(index, item, EditNotice::cameraLost(item->getDisplayedName()));
         return false;
     }
     try {
@@ -130,19 +135,29 @@ bool CFeatureTableModel::setData(const QModelIndex& index, const QVariant& value
     } catch (const std::exception& e) {
         qDebug() << kSourcePath << " " << kSetFailureLine << " "
                  << "Failed to set a feature value.";
-        Q_EMIT writeRefused(item->getFullName(), QString::fromUtf8(e.what()));
+        refuseWrite(index, item, EditNotice::writeRefused(item->getDisplayedName(), e));
     } catch (...) {
         qDebug() << kSourcePath << " " << kSetFailureLine << " "
                  << "Failed to set a feature value.";
-        Q_EMIT writeRefused(item->getFullName(), tr("The value could not be written."));
+        refuseWrite(index, item, EditNotice::notWritten(item->getDisplayedName()));
     }
     return false;
 }
 
+void CFeatureTableModel::refuseWrite(const QModelIndex& index, FeatureTreeINodeItem* item,
+                                     const QString& message)
+{
+    Q_EMIT writeRefused(item->getFullName(), message);
+    // The editor shows what it was told to write; the cell's data puts it back.
+    Q_EMIT dataChanged(index, index);
+}
+
 Qt::ItemFlags CFeatureTableModel::flags(const QModelIndex& index) const
 {
+    // Qt's convention for a model that takes drops: the space below the rows is a drop target
+    // and nothing else.
     if (!index.isValid()) {
-        return Qt::ItemIsEnabled;
+        return Qt::ItemIsDropEnabled;
     }
     FeatureTreeINodeItem* item = itemAt(index);
     if (!item) {
@@ -427,10 +442,7 @@ void CFeatureTableModel::setSearchRegExp(QString text)
         if (!item) {
             continue;
         }
-        const bool searched =
-            matcher.matchesNames(item->getTechnicalName(), item->getDisplayedName());
-        if (item->isSearched() != searched) {
-            item->setSearched(searched);
+        if (item->applySearch(matcher)) {
             changed.append(row);
         }
     }
@@ -447,10 +459,7 @@ void CFeatureTableModel::setSearchRegExpRecursive(FeatureTreeINodeItem* item, co
     if (row < 0) {
         return;
     }
-    const SearchMatcher matcher(text);
-    const bool searched = matcher.matchesNames(item->getTechnicalName(), item->getDisplayedName());
-    if (item->isSearched() != searched) {
-        item->setSearched(searched);
+    if (item->applySearch(SearchMatcher(text))) {
         announceRows({row});
     }
 }

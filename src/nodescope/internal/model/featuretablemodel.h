@@ -111,6 +111,7 @@ private:
     void removeAllRows();
     void moveRow(int from, int to);
     void announceRows(const QList<int>& rows);
+    void refuseWrite(const QModelIndex& index, FeatureTreeINodeItem* item, const QString& message);
     void rereadRows(const QList<ParameterCollection::ParameterName>& names);
     void onItemDestroyed(QObject* item);
 
