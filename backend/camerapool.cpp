@@ -4,6 +4,7 @@
 
 #include "builtincameralogic.h"
 #include "deviceparametercollection.h"
+#include "deviceworker.h"
 #include "simulateddevice.h"
 
 #include <parametercollection/exception.h>
@@ -93,15 +94,21 @@ void CameraPool::attachModules(DeviceParameterCollection& collection)
 
 QSharedPointer<CameraInfo>
 CameraPool::add(const QSharedPointer<CameraInfo>& info,
-                const QSharedPointer<DeviceParameterCollection>& collection)
+                const QSharedPointer<DeviceParameterCollection>& collection, const Origin& origin)
 {
     m_devices.append(info);
     m_collections.insert(info.data(), collection);
+    m_origins.insert(info.data(), origin);
     Q_EMIT deviceOpened(info);
     return info;
 }
 
 QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
+{
+    return openSimulatedAs(xmlFile, QStringLiteral("Simulated:%1").arg(++m_simulatedCount));
+}
+
+QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, const QString& id)
 {
     QByteArray xml;
     QString defaults;
@@ -119,7 +126,6 @@ QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
         xml = file.readAll();
         name = QFileInfo(xmlFile).completeBaseName();
     }
-    const QString id = QStringLiteral("Simulated:%1").arg(++m_simulatedCount);
     auto collection = QSharedPointer<DeviceParameterCollection>::create(id);
     if (xmlFile.isEmpty()) {
         collection->setLogicFactory([](SimulatedDevice& device) {
@@ -141,7 +147,7 @@ QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
     auto info = QSharedPointer<CameraInfo>::create(id, vendor, model,
                                                    textValue(*collection, "DeviceSerialNumber"),
                                                    QStringLiteral("Simulated"));
-    return add(info, collection);
+    return add(info, collection, {true, xmlFile});
 }
 
 QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
@@ -179,7 +185,39 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
         QSharedPointer<CameraInfo>::create(idOrAddress, textValue(*collection, "DeviceVendorName"),
                                            textValue(*collection, "DeviceModelName"),
                                            textValue(*collection, "DeviceSerialNumber"), protocol);
-    return add(info, collection);
+    return add(info, collection, {false, idOrAddress});
+}
+
+QSharedPointer<CameraInfo>
+CameraPool::reopen(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    if (!info || !m_origins.contains(info.data())) {
+        throw NotFoundException(info ? info->getId() : QString(),
+                                QStringLiteral("the camera is not open here"));
+    }
+    const Origin origin = m_origins.value(info.data());
+    if (!origin.simulated) {
+        return openDevice(origin.source);
+    }
+    checkSimulatedAnswers(*m_collections.value(info.data()), info->getId());
+    return openSimulatedAs(origin.source, info->getId());
+}
+
+void CameraPool::checkSimulatedAnswers(DeviceParameterCollection& collection, const QString& id)
+{
+    // The device lives in this process and answers at once, unless a test made it fail.
+    QString error;
+    bool answered = false;
+    collection.runOnDeviceThread([&error, &answered](DeviceWorker& worker) {
+        SimulatedDevice* device = worker.simulatedDevice(0);
+        quint32 word = 0;
+        answered = device != nullptr && device->serveRead(0, sizeof word, &word, &error);
+    });
+    if (!answered) {
+        throw DeviceLostException(
+            id, error.isEmpty() ? QStringLiteral("the camera does not answer")
+                                : QStringLiteral("the camera does not answer: %1").arg(error));
+    }
 }
 
 void CameraPool::close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
@@ -189,6 +227,7 @@ void CameraPool::close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info
     }
     m_devices.removeAll(info);
     m_collections.remove(info.data());
+    m_origins.remove(info.data());
     Q_EMIT deviceClosed(info);
 }
 
