@@ -2,8 +2,11 @@
 
 #include <camerapool.h>
 #include <deviceparametercollection.h>
+#include <deviceworker.h>
+#include <simulateddevice.h>
 
 #include <parametercollection/exception.h>
+#include <parametercollection/iadvancedparameteraccess.h>
 
 #include <QDirIterator>
 #include <QElapsedTimer>
@@ -53,6 +56,7 @@ private Q_SLOTS:
     void shouldRefuseWhatTheBuiltinCameraForbids();
     void shouldKeepOlderFeatureNamesInStepWithTheStandardOnes();
     void shouldCompleteCommandsAndReportIsDone();
+    void shouldReopenALostSimulatedCameraOnlyOnceItAnswers();
     void shouldOpenFakeGigECameraByAddressAndNoticeItsDeath();
 };
 
@@ -261,6 +265,47 @@ void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
                     width->setValue(QVariant(w->min + 1));
                 }).contains(QStringLiteral("increment")));
     }
+}
+
+void tst_CameraPool::shouldReopenALostSimulatedCameraOnlyOnceItAnswers()
+{
+    Backend::CameraPool pool;
+    const auto info = pool.openSimulated(testDataPath(QStringLiteral("minimal.xml")));
+    auto* collection =
+        static_cast<Backend::DeviceParameterCollection*>(pool.getParameterCollection(info).data());
+    Backend::SimulatedDevice* device = nullptr;
+    collection->runOnDeviceThread(
+        [&device](Backend::DeviceWorker& worker) { device = worker.simulatedDevice(0); });
+    QVERIFY(device);
+    const auto width = collection->getParameter(QStringLiteral("@CameraDevice/Width"));
+    width->setValue(QVariant(512));
+    collection->waitForDevice();
+    QSignalSpy lost(collection, &IParameterCollection::deviceLost);
+    device->setFault(Backend::SimulatedDevice::Fault::Timeout);
+    width->getAdvancedParameterAccess()->scheduleForcedParameterDataChangedCheck();
+    QVERIFY(lost.wait());
+
+    // While the device does not answer, reopening fails and changes nothing
+    QVERIFY(thrownText<DeviceLostException>([&] {
+                pool.reopen(info);
+            }).contains(QStringLiteral("does not answer")));
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+
+    // Once it answers, the same description opens again under the same id, beside the old one
+    device->setFault(Backend::SimulatedDevice::Fault::None);
+    const auto again = pool.reopen(info);
+    QVERIFY(again);
+    QVERIFY(again != info);
+    QCOMPARE(again->getId(), info->getId());
+    QCOMPARE(again->getFriendlyName(), info->getFriendlyName());
+    QCOMPARE(pool.getOpenDevices().size(), 2);
+    const auto fresh = pool.getParameterCollection(again);
+    QVERIFY(!fresh->isLost());
+    QVERIFY(
+        fresh->getParameter(QStringLiteral("@CameraDevice/Width"))->getParameterData()->readable);
+    pool.close(info);
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+    QVERIFY_EXCEPTION_THROWN(pool.reopen(info), NotFoundException);
 }
 
 void tst_CameraPool::shouldCompleteCommandsAndReportIsDone()
