@@ -1,5 +1,7 @@
 #include "devicespane.h"
 
+#include "cameraname.h"
+
 #include <featuretree/featuretreemetatypes.h>
 
 #include <QAction>
@@ -123,7 +125,7 @@ void DevicesPane::addDevice(const BaseInfoPtr& info)
         return;
     }
     m_infos.append(info);
-    auto* item = new QListWidgetItem(info->getFriendlyName(), m_devices);
+    auto* item = new QListWidgetItem(CameraName::of(*info), m_devices);
     item->setToolTip(info->getDeviceText());
     // A newly opened camera is the one the user wants to see.
     m_devices->setCurrentItem(item);
@@ -160,7 +162,7 @@ void DevicesPane::markLost(const BaseInfoPtr& info, const QString& message)
     }
     QListWidgetItem* item = m_devices->item(row);
     item->setData(LOST_ROLE, true);
-    item->setText(tr("%1 (lost)").arg(info->getFriendlyName()));
+    item->setText(tr("%1 (lost)").arg(CameraName::of(*info)));
     item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
     item->setToolTip(info->getDeviceText() + QLatin1Char('\n') + message);
     updateButtons();
@@ -175,7 +177,7 @@ void DevicesPane::replaceDevice(const BaseInfoPtr& old, const BaseInfoPtr& info)
     m_infos[row] = info;
     QListWidgetItem* item = m_devices->item(row);
     item->setData(LOST_ROLE, QVariant());
-    item->setText(info->getFriendlyName());
+    item->setText(CameraName::of(*info));
     item->setData(Qt::ForegroundRole, QVariant());
     item->setToolTip(info->getDeviceText());
     updateButtons();

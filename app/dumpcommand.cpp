@@ -1,5 +1,6 @@
 #include "dumpcommand.h"
 
+#include "cameraname.h"
 #include "featuredump.h"
 
 #include <camerapool/ibaseinfo.h>
@@ -9,12 +10,6 @@
 #include <QCoreApplication>
 
 namespace VantoViewer {
-
-QString DumpCommand::cameraName(const Plugin::CameraPool::IBaseInfo& info)
-{
-    const QString name = info.getFriendlyName().trimmed();
-    return name.isEmpty() ? info.getId() : name;
-}
 
 void DumpCommand::settle(ParameterCollection::IParameterCollection& collection)
 {
@@ -29,7 +24,7 @@ void DumpCommand::settle(ParameterCollection::IParameterCollection& collection)
 int DumpCommand::run(const Plugin::CameraPool::IBaseInfo& info,
                      const QSharedPointer<ParameterCollection::IParameterCollection>& collection)
 {
-    const QString name = cameraName(info);
+    const QString name = CameraName::of(info);
     if (!collection) {
         m_err << "vantoviewer: " << name << " has no features to print\n";
         m_err.flush();

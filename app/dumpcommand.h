@@ -28,9 +28,6 @@ public:
     int run(const Plugin::CameraPool::IBaseInfo& info,
             const QSharedPointer<ParameterCollection::IParameterCollection>& collection);
 
-    // What a user calls the camera: what it reports itself, else how it was opened.
-    static QString cameraName(const Plugin::CameraPool::IBaseInfo& info);
-
 private:
     static void settle(ParameterCollection::IParameterCollection& collection);
 

@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 
+#include "cameraname.h"
 #include "devicespane.h"
 #include "featureinstantiationservice.h"
 #include "featurestatusbar.h"
@@ -319,7 +320,7 @@ MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>&
     if (!info || !m_pool || m_reconnecting || !m_devicesPane->isMarkedLost(info)) {
         return {};
     }
-    const QString name = info->getFriendlyName();
+    const QString name = CameraName::of(*info);
     QSharedPointer<Plugin::CameraPool::IBaseInfo> fresh;
     m_reconnecting = true;
     try {
@@ -350,7 +351,7 @@ MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>&
     // Its device thread may still hang in the old connection; the pool does not wait for it.
     m_pool->close(info);
     m_statusBar->clearError();
-    m_statusBar->showMessage(tr("%1 is connected again").arg(fresh->getFriendlyName()));
+    m_statusBar->showMessage(tr("%1 is connected again").arg(CameraName::of(*fresh)));
     return fresh;
 }
 
@@ -396,7 +397,7 @@ void MainWindow::watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseI
         return;
     }
     using ParameterCollection::IParameterCollection;
-    const QString name = info->getFriendlyName();
+    const QString name = CameraName::of(*info);
     const QWeakPointer<Plugin::CameraPool::IBaseInfo> weakInfo = info;
     connect(collection.data(), &IParameterCollection::deviceLost, this,
             [this, weakInfo, name](const QString& message) {
