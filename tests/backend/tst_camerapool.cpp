@@ -51,12 +51,12 @@ private Q_SLOTS:
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice_data();
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice();
     void shouldReportMissingFileClearly();
+    void shouldReopenALostSimulatedCameraOnlyOnceItAnswers();
     void shouldOpenBuiltinCameraWithFourModules();
     void shouldReadAndWriteEveryTypeOnBuiltinCamera();
     void shouldRefuseWhatTheBuiltinCameraForbids();
     void shouldKeepOlderFeatureNamesInStepWithTheStandardOnes();
     void shouldCompleteCommandsAndReportIsDone();
-    void shouldReopenALostSimulatedCameraOnlyOnceItAnswers();
     void shouldOpenFakeGigECameraByAddressAndNoticeItsDeath();
 };
 
