@@ -4,6 +4,7 @@
 #include <QDeadlineTimer>
 #include <QList>
 #include <QMutex>
+#include <QPointer>
 #include <QThread>
 
 namespace Backend {
@@ -20,6 +21,20 @@ QList<QThread*>& retiredThreads()
 {
     static QList<QThread*> threads;
     return threads;
+}
+
+// A thread that has ended, unless the exit routine took it already.
+void collect(QThread* thread)
+{
+    {
+        QMutexLocker lock(&retiredMutex());
+        if (!retiredThreads().removeOne(thread)) {
+            return;
+        }
+    }
+    // Announcing its end is the last thing a thread does: this wait is short.
+    thread->wait();
+    delete thread;
 }
 
 // Aravis's and Qt's global state go when the application does: device threads end first.
@@ -41,19 +56,18 @@ void ThreadRetirement::retire(QThread* thread)
         }
         retiredThreads().append(thread);
     }
-    // Queued to the thread object's own thread, the one that retired it.
-    QObject::connect(thread, &QThread::finished, thread, [thread] {
-        QMutexLocker lock(&retiredMutex());
-        if (retiredThreads().removeOne(thread)) {
-            thread->deleteLater();
+    // Queued to the application's thread, the one that retires threads. Deleted there at once
+    // rather than later, so that none is left over when the event loop has stopped.
+    QObject* context = QCoreApplication::instance();
+    const QPointer<QThread> guard(thread);
+    QObject::connect(thread, &QThread::finished, context ? context : thread, [guard] {
+        if (guard) {
+            collect(guard.data());
         }
     });
     if (thread->isFinished()) {
         // It ended before the connection existed; nothing else will collect it.
-        QMutexLocker lock(&retiredMutex());
-        if (retiredThreads().removeOne(thread)) {
-            thread->deleteLater();
-        }
+        collect(thread);
     }
 }
 
