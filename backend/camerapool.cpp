@@ -6,11 +6,17 @@
 #include "deviceparametercollection.h"
 #include "deviceworker.h"
 #include "simulateddevice.h"
+#include "threadretirement.h"
 
 #include <parametercollection/exception.h>
 
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
+#include <QTimer>
+
+#include <memory>
 
 using namespace ParameterCollection;
 
@@ -199,24 +205,45 @@ CameraPool::reopen(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
     if (!origin.simulated) {
         return openDevice(origin.source);
     }
-    checkSimulatedAnswers(*m_collections.value(info.data()), info->getId());
+    checkSimulatedAnswers(m_collections.value(info.data()), info->getId());
     return openSimulatedAs(origin.source, info->getId());
 }
 
-void CameraPool::checkSimulatedAnswers(DeviceParameterCollection& collection, const QString& id)
+void CameraPool::checkSimulatedAnswers(const QSharedPointer<DeviceParameterCollection>& collection,
+                                       const QString& id)
 {
-    // The device lives in this process and answers at once, unless a test made it fail.
-    QString error;
-    bool answered = false;
-    collection.runOnDeviceThread([&error, &answered](DeviceWorker& worker) {
-        SimulatedDevice* device = worker.simulatedDevice(0);
-        quint32 word = 0;
-        answered = device != nullptr && device->serveRead(0, sizeof word, &word, &error);
+    struct Answer {
+        QString error;
+        bool given = false;
+    };
+    auto answer = std::make_shared<Answer>();
+    // The question waits its turn on the device thread, which may hang in an earlier call. It is
+    // asked from a thread of its own while the event loop runs here, so that the window never
+    // waits longer than the answer is worth.
+    DeviceParameterCollection* device = collection.data(); // kept alive by `collection`
+    QThread* asking = QThread::create([device, answer] {
+        device->runOnDeviceThread([answer](DeviceWorker& worker) {
+            SimulatedDevice* simulated = worker.simulatedDevice(0);
+            quint32 word = 0;
+            answer->given =
+                simulated != nullptr && simulated->serveRead(0, sizeof word, &word, &answer->error);
+        });
     });
-    if (!answered) {
+    QEventLoop loop;
+    QObject::connect(asking, &QThread::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(SIMULATED_ANSWER_TIMEOUT_MS, &loop, &QEventLoop::quit);
+    asking->start();
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    const bool asked = asking->isFinished();
+    ThreadRetirement::retire(asking);
+    if (!asked) {
+        throw TimeoutException(id, QStringLiteral("the camera does not answer"));
+    }
+    if (!answer->given) {
         throw DeviceLostException(
-            id, error.isEmpty() ? QStringLiteral("the camera does not answer")
-                                : QStringLiteral("the camera does not answer: %1").arg(error));
+            id, answer->error.isEmpty()
+                    ? QStringLiteral("the camera does not answer")
+                    : QStringLiteral("the camera does not answer: %1").arg(answer->error));
     }
 }
 

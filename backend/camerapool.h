@@ -26,6 +26,9 @@ public:
         QString protocol;
     };
 
+    // How long reopening a simulated camera waits for its old device thread to answer.
+    static constexpr int SIMULATED_ANSWER_TIMEOUT_MS = 3000;
+
     explicit CameraPool(QObject* parent = nullptr);
     ~CameraPool() override;
 
@@ -61,7 +64,8 @@ private:
     };
 
     QSharedPointer<CameraInfo> openSimulatedAs(const QString& xmlFile, const QString& id);
-    static void checkSimulatedAnswers(DeviceParameterCollection& collection, const QString& id);
+    static void checkSimulatedAnswers(const QSharedPointer<DeviceParameterCollection>& collection,
+                                      const QString& id);
     void attachModules(DeviceParameterCollection& collection);
     QSharedPointer<CameraInfo> add(const QSharedPointer<CameraInfo>& info,
                                    const QSharedPointer<DeviceParameterCollection>& collection,

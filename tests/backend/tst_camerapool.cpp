@@ -11,8 +11,11 @@
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTcpSocket>
+#include <QThread>
+#include <QTimer>
 #include <QUdpSocket>
 #include <QtTest>
 
@@ -52,6 +55,7 @@ private Q_SLOTS:
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice();
     void shouldReportMissingFileClearly();
     void shouldReopenALostSimulatedCameraOnlyOnceItAnswers();
+    void shouldKeepTheEventLoopTurningWhileAStuckDeviceIsAsked();
     void shouldOpenBuiltinCameraWithFourModules();
     void shouldReadAndWriteEveryTypeOnBuiltinCamera();
     void shouldRefuseWhatTheBuiltinCameraForbids();
@@ -306,6 +310,40 @@ void tst_CameraPool::shouldReopenALostSimulatedCameraOnlyOnceItAnswers()
     pool.close(info);
     QCOMPARE(pool.getOpenDevices().size(), 1);
     QVERIFY_EXCEPTION_THROWN(pool.reopen(info), NotFoundException);
+}
+
+void tst_CameraPool::shouldKeepTheEventLoopTurningWhileAStuckDeviceIsAsked()
+{
+    Backend::CameraPool pool;
+    const auto info = pool.openSimulated(testDataPath(QStringLiteral("minimal.xml")));
+    auto* collection =
+        static_cast<Backend::DeviceParameterCollection*>(pool.getParameterCollection(info).data());
+    // Given the device thread stuck in a call, as in one to a camera that went silent
+    QSemaphore entered;
+    QSemaphore release;
+    QThread* holder = QThread::create([collection, &entered, &release] {
+        collection->runOnDeviceThread([&entered, &release](Backend::DeviceWorker&) {
+            entered.release();
+            release.acquire();
+        });
+    });
+    holder->start();
+    entered.acquire();
+    int beats = 0;
+    QTimer beat;
+    connect(&beat, &QTimer::timeout, &beat, [&beats] { ++beats; });
+    beat.start(10);
+
+    // When the camera is to be reopened, it is asked whether it answers
+    const QString thrown = thrownText<TimeoutException>([&] { pool.reopen(info); });
+
+    // Then the question times out with the reason while the event loop went on
+    QVERIFY2(thrown.contains(QStringLiteral("does not answer")), qPrintable(thrown));
+    QVERIFY(beats > 0);
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+    release.release();
+    holder->wait();
+    delete holder;
 }
 
 void tst_CameraPool::shouldCompleteCommandsAndReportIsDone()
