@@ -1,7 +1,10 @@
 #include "devicespane.h"
 
+#include "cameraname.h"
+
 #include <featuretree/featuretreemetatypes.h>
 
+#include <QAction>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QInputDialog>
@@ -24,7 +27,10 @@ DevicesPane::DevicesPane(QWidget* parent)
     : QWidget(parent), m_devices(new QListWidget(this)), m_discovered(new QListWidget(this)),
       m_discoveredLabel(new QLabel(tr("Found cameras (double-click to open):"), this)),
       m_openButton(new QToolButton(this)), m_closeButton(new QToolButton(this)),
-      m_scanButton(new QToolButton(this)), m_scanner(&Backend::CameraPool::discover)
+      m_reconnectButton(new QToolButton(this)),
+      m_reconnectAction(new QAction(tr("Reconnect"), this)),
+      m_closeAction(new QAction(tr("Close"), this)), m_scanButton(new QToolButton(this)),
+      m_scanner(&Backend::CameraPool::discover)
 {
     // Its signals carry camera infos, also through queued connections.
     Plugin::FeatureTree::registerFeatureTreeMetaTypes();
@@ -58,6 +64,21 @@ DevicesPane::DevicesPane(QWidget* parent)
             Q_EMIT closeRequested(info);
         }
     });
+    m_closeAction->setObjectName(QStringLiteral("closeAction"));
+    connect(m_closeAction, &QAction::triggered, m_closeButton, &QToolButton::click);
+    m_reconnectAction->setObjectName(QStringLiteral("reconnectAction"));
+    m_reconnectAction->setToolTip(tr("Open the lost camera again, once it is back"));
+    connect(m_reconnectAction, &QAction::triggered, this, [this]() {
+        const BaseInfoPtr info = activeDevice();
+        if (info && isMarkedLost(info)) {
+            Q_EMIT reconnectRequested(info);
+        }
+    });
+    m_reconnectButton->setObjectName(QStringLiteral("reconnectButton"));
+    m_reconnectButton->setDefaultAction(m_reconnectAction);
+    m_devices->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_devices, &QListWidget::customContextMenuRequested, this,
+            &DevicesPane::showDeviceMenu);
     m_scanButton->setObjectName(QStringLiteral("scanButton"));
     m_scanButton->setText(tr("Scan"));
     m_scanButton->setToolTip(tr("Look for cameras on every network interface and on USB"));
@@ -67,6 +88,7 @@ DevicesPane::DevicesPane(QWidget* parent)
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->addWidget(m_openButton);
     buttons->addWidget(m_closeButton);
+    buttons->addWidget(m_reconnectButton);
     buttons->addStretch(1);
     buttons->addWidget(m_scanButton);
 
@@ -103,7 +125,7 @@ void DevicesPane::addDevice(const BaseInfoPtr& info)
         return;
     }
     m_infos.append(info);
-    auto* item = new QListWidgetItem(info->getFriendlyName(), m_devices);
+    auto* item = new QListWidgetItem(CameraName::of(*info), m_devices);
     item->setToolTip(info->getDeviceText());
     // A newly opened camera is the one the user wants to see.
     m_devices->setCurrentItem(item);
@@ -140,9 +162,28 @@ void DevicesPane::markLost(const BaseInfoPtr& info, const QString& message)
     }
     QListWidgetItem* item = m_devices->item(row);
     item->setData(LOST_ROLE, true);
-    item->setText(tr("%1 (lost)").arg(info->getFriendlyName()));
+    item->setText(tr("%1 (lost)").arg(CameraName::of(*info)));
     item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
     item->setToolTip(info->getDeviceText() + QLatin1Char('\n') + message);
+    updateButtons();
+}
+
+void DevicesPane::replaceDevice(const BaseInfoPtr& old, const BaseInfoPtr& info)
+{
+    const int row = rowOf(old);
+    if (row < 0 || !info || m_infos.contains(info)) {
+        return;
+    }
+    m_infos[row] = info;
+    QListWidgetItem* item = m_devices->item(row);
+    item->setData(LOST_ROLE, QVariant());
+    item->setText(CameraName::of(*info));
+    item->setData(Qt::ForegroundRole, QVariant());
+    item->setToolTip(info->getDeviceText());
+    updateButtons();
+    if (m_devices->currentRow() == row) {
+        Q_EMIT activeDeviceChanged(info);
+    }
 }
 
 bool DevicesPane::isMarkedLost(const BaseInfoPtr& info) const
@@ -262,9 +303,31 @@ void DevicesPane::onScanDone(const QList<Backend::CameraPool::DiscoveredDevice>&
     Q_EMIT scanFinished(found.size());
 }
 
+QAction* DevicesPane::reconnectAction() const
+{
+    return m_reconnectAction;
+}
+
 void DevicesPane::updateButtons()
 {
-    m_closeButton->setEnabled(m_devices->currentRow() >= 0);
+    const BaseInfoPtr active = activeDevice();
+    m_closeButton->setEnabled(!active.isNull());
+    m_closeAction->setEnabled(!active.isNull());
+    m_reconnectAction->setEnabled(active && isMarkedLost(active));
+}
+
+void DevicesPane::showDeviceMenu(const QPoint& position)
+{
+    QListWidgetItem* item = m_devices->itemAt(position);
+    if (!item) {
+        return;
+    }
+    // The menu acts on the row it was opened on.
+    m_devices->setCurrentItem(item);
+    QMenu menu(this);
+    menu.addAction(m_reconnectAction);
+    menu.addAction(m_closeAction);
+    menu.exec(m_devices->viewport()->mapToGlobal(position));
 }
 
 int DevicesPane::rowOf(const BaseInfoPtr& info) const

@@ -8,7 +8,9 @@
 
 #include <functional>
 
+class QAction;
 class QLabel;
+class QPoint;
 class QListWidget;
 class QListWidgetItem;
 class QThread;
@@ -34,6 +36,9 @@ public:
     // The camera stays listed, marked, so the user sees what happened to it.
     void markLost(const BaseInfoPtr& info, const QString& message);
     bool isMarkedLost(const BaseInfoPtr& info) const;
+    // The camera opened again in place of `old`: same row, no longer marked lost, and the
+    // active one if `old` was.
+    void replaceDevice(const BaseInfoPtr& old, const BaseInfoPtr& info);
     QList<BaseInfoPtr> devices() const;
     BaseInfoPtr activeDevice() const;
     void setActiveDevice(const BaseInfoPtr& info);
@@ -47,6 +52,8 @@ public:
 
     QListWidget* deviceList() const;
     QListWidget* discoveredList() const;
+    // Offered by the Reconnect button and the list's context menu; enabled for a lost camera.
+    QAction* reconnectAction() const;
 
 Q_SIGNALS:
     void activeDeviceChanged(QSharedPointer<Plugin::CameraPool::IBaseInfo> info);
@@ -54,6 +61,7 @@ Q_SIGNALS:
     // An empty file asks for the built-in simulated camera.
     void openSimulatedRequested(const QString& xmlFile);
     void closeRequested(QSharedPointer<Plugin::CameraPool::IBaseInfo> info);
+    void reconnectRequested(QSharedPointer<Plugin::CameraPool::IBaseInfo> info);
     void scanFinished(int found);
 
 private:
@@ -62,14 +70,18 @@ private:
     void openDiscovered(QListWidgetItem* item);
     void onScanDone(const QList<Backend::CameraPool::DiscoveredDevice>& found);
     void updateButtons();
+    void showDeviceMenu(const QPoint& position);
     int rowOf(const BaseInfoPtr& info) const;
 
-    QListWidget* m_devices;     // child
-    QListWidget* m_discovered;  // child
-    QLabel* m_discoveredLabel;  // child
-    QToolButton* m_openButton;  // child
-    QToolButton* m_closeButton; // child
-    QToolButton* m_scanButton;  // child
+    QListWidget* m_devices;         // child
+    QListWidget* m_discovered;      // child
+    QLabel* m_discoveredLabel;      // child
+    QToolButton* m_openButton;      // child
+    QToolButton* m_closeButton;     // child
+    QToolButton* m_reconnectButton; // child
+    QAction* m_reconnectAction;     // child
+    QAction* m_closeAction;         // child
+    QToolButton* m_scanButton;      // child
     QList<BaseInfoPtr> m_infos;
     QList<Backend::CameraPool::DiscoveredDevice> m_found;
     Scanner m_scanner;

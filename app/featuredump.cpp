@@ -6,7 +6,10 @@ using namespace ParameterCollection;
 
 namespace VantoViewer {
 
-static QString typeName(int type)
+namespace {
+
+// Only for a node whose structure names no GenICam element.
+QString typeCodeName(int type)
 {
     switch (type) {
     case IntegerType:
@@ -23,37 +26,69 @@ static QString typeName(int type)
         return QStringLiteral("Enumeration");
     case CategoryType:
         return QStringLiteral("Category");
+    case RegisterType:
+        return QStringLiteral("Register");
     default:
-        return QStringLiteral("Node");
+        return QStringLiteral("Unknown");
     }
 }
 
-static QString valueText(const ParameterData& data)
+// One line per feature and one column per field: line breaks and tabs inside a text are
+// written as escapes, and a very long text is cut with a note.
+QString bounded(const QString& text)
 {
+    QString shown = text.left(FeatureDump::MAX_VALUE_CHARS);
+    shown.replace(QLatin1Char('\\'), QStringLiteral("\\\\"));
+    shown.replace(QLatin1Char('\n'), QStringLiteral("\\n"));
+    shown.replace(QLatin1Char('\r'), QStringLiteral("\\r"));
+    shown.replace(QLatin1Char('\t'), QStringLiteral("\\t"));
+    if (text.size() > FeatureDump::MAX_VALUE_CHARS) {
+        shown += QStringLiteral("... <%1 more characters>")
+                     .arg(text.size() - FeatureDump::MAX_VALUE_CHARS);
+    }
+    return shown;
+}
+
+QString plainValueText(const ParameterData& data)
+{
+    if (data.hasError()) {
+        return QStringLiteral("<error: %1>").arg(bounded(data.errorText));
+    }
     if (!data.implemented) {
         return QStringLiteral("<not implemented>");
     }
     if (!data.available) {
         return QStringLiteral("<not available>");
     }
+    if (!data.readable) {
+        return QStringLiteral("<not readable>");
+    }
     if (data.type == CommandType) {
         return static_cast<const CommandParameterData&>(data).done ? QStringLiteral("(done)")
                                                                    : QStringLiteral("(running)");
     }
-    if (!data.readable) {
-        return QStringLiteral("<not readable>");
-    }
-    QString text = data.displayText;
+    QString text = bounded(data.displayText);
     if (!data.unit.isEmpty()) {
         text += QLatin1Char(' ') + data.unit;
     }
     return text;
 }
 
+} // namespace
+
+QString FeatureDump::valueText(const ParameterData& data)
+{
+    const QString text = plainValueText(data);
+    // What a lost device shows is what it said last, not what it holds now.
+    return data.deviceLost ? text + QStringLiteral(" <device lost>") : text;
+}
+
 int FeatureDump::write(const IParameterCollection& collection)
 {
     m_features = 0;
     m_categories = 0;
+    m_errors = 0;
+    m_firstLossReason.clear();
     for (const QString& nodeMap : collection.getNodeMapNames()) {
         m_out << "@" << nodeMap << "\n";
         writeNode(collection, QLatin1Char('@') + nodeMap + QStringLiteral("/Root"), 1);
@@ -83,8 +118,19 @@ void FeatureDump::writeNode(const IParameterCollection& collection, const QStrin
         return;
     }
     ++m_features;
+    if (data->hasError()) {
+        ++m_errors;
+        if (m_firstLossReason.isEmpty() &&
+            (data->deviceLost || data->errorKind == Exception::DeviceLost)) {
+            m_firstLossReason = data->errorText;
+        }
+    }
+    QString type = parameter->getProperty(QStringLiteral("Type"));
+    if (type.isEmpty()) {
+        type = typeCodeName(data->type);
+    }
     m_out << indent << parameter->getProperty(QStringLiteral("DisplayName")) << " ("
-          << parameter->getFeatureName() << ")\t" << typeName(data->type) << "\t"
+          << parameter->getFeatureName() << ")\t" << type << "\t"
           << GenApi::accessModeToString(data->accessMode) << "\t" << valueText(*data) << "\n";
 }
 

@@ -1,6 +1,9 @@
 #include "featurestatusbar.h"
 
+#include <parametercollection/parametername.h>
+
 #include <QLabel>
+#include <QRegularExpression>
 #include <QTime>
 
 namespace VantoViewer {
@@ -60,6 +63,67 @@ void FeatureStatusBar::showError(const QString& text)
     m_error->setText(stamped);
     m_error->setToolTip(stamped);
     m_error->show();
+}
+
+void FeatureStatusBar::showWriteFailure(const QString& feature,
+                                        ParameterCollection::Exception::Kind kind,
+                                        const QString& message)
+{
+    showError(writeFailureText(feature, kind, message));
+}
+
+QString FeatureStatusBar::writeFailureText(const QString& feature,
+                                           ParameterCollection::Exception::Kind kind,
+                                           const QString& message)
+{
+    using ParameterCollection::Exception;
+    const QString name = feature.contains(QLatin1Char('/'))
+                             ? ParameterCollection::ParameterName(feature).feature()
+                             : feature;
+    QString reason = message.trimmed();
+    // Aravis starts its messages with the node's name; the line names the feature already.
+    const QString prefix = QStringLiteral("[%1]").arg(name);
+    if (reason.startsWith(prefix)) {
+        reason = reason.mid(prefix.size()).trimmed();
+    }
+    QString what;
+    switch (kind) {
+    case Exception::Access:
+        what = tr("refused by the camera (access denied)");
+        break;
+    case Exception::Range:
+        what = tr("refused by the camera (value out of range)");
+        break;
+    case Exception::InvalidArgument:
+        what = tr("refused by the camera (invalid value)");
+        break;
+    case Exception::Timeout:
+        what = tr("not written: the camera did not answer in time");
+        break;
+    case Exception::DeviceLost:
+        what = tr("not written: the camera is lost");
+        break;
+    case Exception::NotFound:
+        what = tr("not written: the camera does not have it");
+        break;
+    case Exception::Generic:
+        what = tr("the write failed");
+        break;
+    }
+    QStringList parts{name, what, reason};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(": "));
+}
+
+QString FeatureStatusBar::withoutRepeatedName(const QString& text)
+{
+    static const QRegularExpression repeated(
+        QStringLiteral("^\\[([^\\]]+)\\]\\s+(?:\\[\\1\\]\\s*|\\1:\\s*)+"));
+    const QRegularExpressionMatch match = repeated.match(text);
+    if (!match.hasMatch()) {
+        return text;
+    }
+    return QStringLiteral("[%1] ").arg(match.captured(1)) + text.mid(match.capturedLength());
 }
 
 void FeatureStatusBar::clearError()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <parametercollection/exception.h>
 #include <parametercollection/iparameter.h>
 
 #include <QSharedPointer>
@@ -21,7 +22,19 @@ public:
     // A null parameter clears the feature field.
     void showFeature(const QSharedPointer<ParameterCollection::IParameter>& parameter);
     void showError(const QString& text);
+    // A write the camera did not take: the feature, what kind of failure in words a user
+    // knows, and the camera's reason. `feature` is a full or plain name.
+    void showWriteFailure(const QString& feature, ParameterCollection::Exception::Kind kind,
+                          const QString& message);
     void clearError();
+
+    // "Width: refused by the camera (access denied): <message>", naming the feature once even
+    // when the message already starts with "[Width]".
+    static QString writeFailureText(const QString& feature,
+                                    ParameterCollection::Exception::Kind kind,
+                                    const QString& message);
+    // A panel's message with a repeated feature prefix ("[Width] [Width] ...") said once.
+    static QString withoutRepeatedName(const QString& text);
 
     QString featureText() const;
     QString errorText() const;

@@ -1,4 +1,4 @@
-#include "featuredump.h"
+#include "dumpcommand.h"
 #include "filledviewwatcher.h"
 #include "hosttranslator.h"
 #include "mainwindow.h"
@@ -216,12 +216,10 @@ int main(int argc, char** argv)
     }
 
     if (!window) {
-        const auto collection = pool->getParameterCollection(info);
-        VantoViewer::FeatureDump dumper(out);
-        out << info->getFriendlyName() << "\n";
-        const int features = dumper.write(*collection);
-        out << features << " features in " << dumper.categoryCount() << " categories\n";
-        return 0;
+        const int status =
+            VantoViewer::DumpCommand(out, err).run(*info, pool->getParameterCollection(info));
+        pool->closeAll();
+        return status;
     }
 
     if (parser.isSet(lang)) {

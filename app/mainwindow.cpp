@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 
+#include "cameraname.h"
 #include "devicespane.h"
 #include "featureinstantiationservice.h"
 #include "featurestatusbar.h"
@@ -75,6 +76,7 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
     connect(m_devicesPane, &DevicesPane::openSimulatedRequested, this,
             &MainWindow::openSimulatedCamera);
     connect(m_devicesPane, &DevicesPane::closeRequested, this, &MainWindow::closeCamera);
+    connect(m_devicesPane, &DevicesPane::reconnectRequested, this, &MainWindow::reconnectCamera);
     connect(m_devicesPane, &DevicesPane::scanFinished, this, [this](int found) {
         m_statusBar->showMessage(tr("%n camera(s) found", nullptr, found));
     });
@@ -217,7 +219,9 @@ void MainWindow::attachPluginServices(Core::Plugin::IPluginInitializer* initiali
     const auto status = initializer->getService<IFeatureTreeStatusService>();
     if (status) {
         connect(status.data(), &IFeatureTreeStatusService::newText, m_statusBar,
-                [this](const QString& text) { m_statusBar->showMessage(text); });
+                [this](const QString& text) {
+                    m_statusBar->showMessage(FeatureStatusBar::withoutRepeatedName(text));
+                });
         connect(status.data(), &IFeatureTreeStatusService::currentChanged, m_statusBar,
                 &FeatureStatusBar::showFeature);
         // A level the panels chose themselves shows on the tool bar and is the one kept.
@@ -256,6 +260,7 @@ void MainWindow::removeDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo
     if (m_pool) {
         if (const auto collection = m_pool->getParameterCollection(info)) {
             disconnect(collection.data(), nullptr, this, nullptr);
+            disconnect(collection.data(), nullptr, m_statusBar, nullptr);
         }
     }
     // Tells the panels when the camera was the active one.
@@ -309,6 +314,47 @@ void MainWindow::closeCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>
     }
 }
 
+QSharedPointer<Plugin::CameraPool::IBaseInfo>
+MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    if (!info || !m_pool || m_reconnecting || !m_devicesPane->isMarkedLost(info)) {
+        return {};
+    }
+    const QString name = CameraName::of(*info);
+    QSharedPointer<Plugin::CameraPool::IBaseInfo> fresh;
+    m_reconnecting = true;
+    try {
+        const WaitCursor wait;
+        fresh = m_pool->reopen(info);
+    } catch (const ParameterCollection::Exception& e) {
+        m_statusBar->showError(tr("Cannot reconnect %1: %2").arg(name, e.message()));
+    }
+    m_reconnecting = false;
+    if (!fresh) {
+        return {};
+    }
+    // The panels let go of the lost camera before they get the new one, so that they never
+    // show both; the row keeps its place.
+    if (m_controlService) {
+        m_controlService->unregisterDevice(info);
+    }
+    if (const auto old = m_pool->getParameterCollection(info)) {
+        disconnect(old.data(), nullptr, this, nullptr);
+        disconnect(old.data(), nullptr, m_statusBar, nullptr);
+    }
+    watchCollection(fresh);
+    if (m_controlService) {
+        m_controlService->registerDevice(fresh);
+    }
+    // Tells the panels when the camera was the active one.
+    m_devicesPane->replaceDevice(info, fresh);
+    // Its device thread may still hang in the old connection; the pool does not wait for it.
+    m_pool->close(info);
+    m_statusBar->clearError();
+    m_statusBar->showMessage(tr("%1 is connected again").arg(CameraName::of(*fresh)));
+    return fresh;
+}
+
 GenApi::EVisibility MainWindow::visibility() const
 {
     return m_visibilityToolBar->level();
@@ -351,7 +397,7 @@ void MainWindow::watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseI
         return;
     }
     using ParameterCollection::IParameterCollection;
-    const QString name = info->getFriendlyName();
+    const QString name = CameraName::of(*info);
     const QWeakPointer<Plugin::CameraPool::IBaseInfo> weakInfo = info;
     connect(collection.data(), &IParameterCollection::deviceLost, this,
             [this, weakInfo, name](const QString& message) {
@@ -360,12 +406,8 @@ void MainWindow::watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseI
                     m_devicesPane->markLost(lost, message);
                 }
             });
-    connect(collection.data(), &IParameterCollection::writeFailed, this,
-            [this](const QString& feature, ParameterCollection::Exception::Kind,
-                   const QString& message) {
-                m_statusBar->showError(
-                    feature.isEmpty() ? message : feature + QStringLiteral(": ") + message);
-            });
+    connect(collection.data(), &IParameterCollection::writeFailed, m_statusBar,
+            &FeatureStatusBar::showWriteFailure);
 }
 
 void MainWindow::addContextMenuEntries()

@@ -72,6 +72,11 @@ public:
     QSharedPointer<Plugin::CameraPool::IBaseInfo> openSimulatedCamera(const QString& xmlFile);
     // Unlists the camera, then closes it in the pool.
     void closeCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    // Opens a lost camera again and shows the new one in its place, in the same row and in
+    // the panels; while the camera is still gone, says so in the status bar and changes
+    // nothing. Null on failure.
+    QSharedPointer<Plugin::CameraPool::IBaseInfo>
+    reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
 
     // The level the panels show; the tool bar's choice, kept between runs.
     GenApi::EVisibility visibility() const;
@@ -129,6 +134,7 @@ private:
     QAction* m_closeAction = nullptr;                                      // child
     QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries
     bool m_layoutRestored = false;            // the saved or first-shown layout is in place
+    bool m_reconnecting = false; // the event loop runs while a camera opens; one at a time
 };
 
 } // namespace VantoViewer

@@ -4,12 +4,19 @@
 
 #include "builtincameralogic.h"
 #include "deviceparametercollection.h"
+#include "deviceworker.h"
 #include "simulateddevice.h"
+#include "threadretirement.h"
 
 #include <parametercollection/exception.h>
 
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
+#include <QTimer>
+
+#include <memory>
 
 using namespace ParameterCollection;
 
@@ -93,15 +100,21 @@ void CameraPool::attachModules(DeviceParameterCollection& collection)
 
 QSharedPointer<CameraInfo>
 CameraPool::add(const QSharedPointer<CameraInfo>& info,
-                const QSharedPointer<DeviceParameterCollection>& collection)
+                const QSharedPointer<DeviceParameterCollection>& collection, const Origin& origin)
 {
     m_devices.append(info);
     m_collections.insert(info.data(), collection);
+    m_origins.insert(info.data(), origin);
     Q_EMIT deviceOpened(info);
     return info;
 }
 
 QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
+{
+    return openSimulatedAs(xmlFile, QStringLiteral("Simulated:%1").arg(++m_simulatedCount));
+}
+
+QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, const QString& id)
 {
     QByteArray xml;
     QString defaults;
@@ -119,7 +132,6 @@ QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
         xml = file.readAll();
         name = QFileInfo(xmlFile).completeBaseName();
     }
-    const QString id = QStringLiteral("Simulated:%1").arg(++m_simulatedCount);
     auto collection = QSharedPointer<DeviceParameterCollection>::create(id);
     if (xmlFile.isEmpty()) {
         collection->setLogicFactory([](SimulatedDevice& device) {
@@ -141,7 +153,7 @@ QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
     auto info = QSharedPointer<CameraInfo>::create(id, vendor, model,
                                                    textValue(*collection, "DeviceSerialNumber"),
                                                    QStringLiteral("Simulated"));
-    return add(info, collection);
+    return add(info, collection, {true, xmlFile});
 }
 
 QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
@@ -179,7 +191,60 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
         QSharedPointer<CameraInfo>::create(idOrAddress, textValue(*collection, "DeviceVendorName"),
                                            textValue(*collection, "DeviceModelName"),
                                            textValue(*collection, "DeviceSerialNumber"), protocol);
-    return add(info, collection);
+    return add(info, collection, {false, idOrAddress});
+}
+
+QSharedPointer<CameraInfo>
+CameraPool::reopen(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    if (!info || !m_origins.contains(info.data())) {
+        throw NotFoundException(info ? info->getId() : QString(),
+                                QStringLiteral("the camera is not open here"));
+    }
+    const Origin origin = m_origins.value(info.data());
+    if (!origin.simulated) {
+        return openDevice(origin.source);
+    }
+    checkSimulatedAnswers(m_collections.value(info.data()), info->getId());
+    return openSimulatedAs(origin.source, info->getId());
+}
+
+void CameraPool::checkSimulatedAnswers(const QSharedPointer<DeviceParameterCollection>& collection,
+                                       const QString& id)
+{
+    struct Answer {
+        QString error;
+        bool given = false;
+    };
+    auto answer = std::make_shared<Answer>();
+    // The question waits its turn on the device thread, which may hang in an earlier call. It is
+    // asked from a thread of its own while the event loop runs here, so that the window never
+    // waits longer than the answer is worth.
+    DeviceParameterCollection* device = collection.data(); // kept alive by `collection`
+    QThread* asking = QThread::create([device, answer] {
+        device->runOnDeviceThread([answer](DeviceWorker& worker) {
+            SimulatedDevice* simulated = worker.simulatedDevice(0);
+            quint32 word = 0;
+            answer->given =
+                simulated != nullptr && simulated->serveRead(0, sizeof word, &word, &answer->error);
+        });
+    });
+    QEventLoop loop;
+    QObject::connect(asking, &QThread::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(SIMULATED_ANSWER_TIMEOUT_MS, &loop, &QEventLoop::quit);
+    asking->start();
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    const bool asked = asking->isFinished();
+    ThreadRetirement::retire(asking);
+    if (!asked) {
+        throw TimeoutException(id, QStringLiteral("the camera does not answer"));
+    }
+    if (!answer->given) {
+        throw DeviceLostException(
+            id, answer->error.isEmpty()
+                    ? QStringLiteral("the camera does not answer")
+                    : QStringLiteral("the camera does not answer: %1").arg(answer->error));
+    }
 }
 
 void CameraPool::close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
@@ -189,6 +254,7 @@ void CameraPool::close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info
     }
     m_devices.removeAll(info);
     m_collections.remove(info.data());
+    m_origins.remove(info.data());
     Q_EMIT deviceClosed(info);
 }
 

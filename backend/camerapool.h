@@ -26,6 +26,9 @@ public:
         QString protocol;
     };
 
+    // How long reopening a simulated camera waits for its old device thread to answer.
+    static constexpr int SIMULATED_ANSWER_TIMEOUT_MS = 3000;
+
     explicit CameraPool(QObject* parent = nullptr);
     ~CameraPool() override;
 
@@ -34,6 +37,11 @@ public:
     QSharedPointer<CameraInfo> openSimulated(const QString& xmlFile = QString());
     // A real device by its Aravis id or by its IP address.
     QSharedPointer<CameraInfo> openDevice(const QString& idOrAddress);
+    // Opens the camera behind `info` again the way it was opened (the same id or address, or
+    // the same description on a simulated device), as a new camera with the same id. `info`
+    // stays open; the caller closes it once the new one has taken its place. Throws while the
+    // camera does not answer: a simulated camera answers when its device has no fault.
+    QSharedPointer<CameraInfo> reopen(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void closeAll();
 
@@ -49,12 +57,23 @@ public:
     QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> getOpenDevices() const override;
 
 private:
+    // How a camera was opened, so that it can be opened again.
+    struct Origin {
+        bool simulated = false;
+        QString source; // the id or address, or the description file (empty: built-in)
+    };
+
+    QSharedPointer<CameraInfo> openSimulatedAs(const QString& xmlFile, const QString& id);
+    static void checkSimulatedAnswers(const QSharedPointer<DeviceParameterCollection>& collection,
+                                      const QString& id);
     void attachModules(DeviceParameterCollection& collection);
     QSharedPointer<CameraInfo> add(const QSharedPointer<CameraInfo>& info,
-                                   const QSharedPointer<DeviceParameterCollection>& collection);
+                                   const QSharedPointer<DeviceParameterCollection>& collection,
+                                   const Origin& origin);
 
     QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>> m_devices;
     QHash<Plugin::CameraPool::IBaseInfo*, QSharedPointer<DeviceParameterCollection>> m_collections;
+    QHash<Plugin::CameraPool::IBaseInfo*, Origin> m_origins;
     int m_simulatedCount = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "deviceparameter.h"
 #include "errormapping.h"
+#include "threadretirement.h"
 #include "valuetext.h"
 
 #include <QCoreApplication>
@@ -14,18 +15,18 @@ using namespace ParameterCollection;
 namespace Backend {
 
 DeviceParameterCollection::DeviceParameterCollection(const QString& name, QObject* parent)
-    : IParameterCollection(parent), m_name(name)
+    : IParameterCollection(parent), m_name(name), m_thread(new QThread)
 {
     qRegisterMetaType<QVector<Backend::PublishedData>>();
     qRegisterMetaType<ParameterDataPtr>();
     qRegisterMetaType<ParameterCollection::Exception::Kind>();
-    m_thread.setObjectName(QStringLiteral("device:") + name);
+    m_thread->setObjectName(QStringLiteral("device:") + name);
     m_worker = new DeviceWorker;
-    m_worker->moveToThread(&m_thread);
+    m_worker->moveToThread(m_thread);
     connect(m_worker, &DeviceWorker::published, this, &DeviceParameterCollection::onPublished);
     connect(m_worker, &DeviceWorker::lost, this, &DeviceParameterCollection::onLost);
     connect(m_worker, &DeviceWorker::writeFailed, this, &IParameterCollection::writeFailed);
-    m_thread.start();
+    m_thread->start();
 }
 
 DeviceParameterCollection::~DeviceParameterCollection()
@@ -34,11 +35,19 @@ DeviceParameterCollection::~DeviceParameterCollection()
     for (MapState& m : m_maps) {
         const auto parameters = std::move(m.parameters);
     }
+    // A device that hangs holds its thread in an Aravis call for seconds; whoever closes the
+    // collection (the window, often) must not wait for that. The worker goes once the thread
+    // is done with what it was doing, and the thread ends after it.
     DeviceWorker* worker = m_worker;
+    QThread* thread = m_thread;
     QMetaObject::invokeMethod(
-        worker, [worker] { delete worker; }, Qt::BlockingQueuedConnection);
-    m_thread.quit();
-    m_thread.wait();
+        worker,
+        [worker, thread] {
+            delete worker;
+            thread->quit();
+        },
+        Qt::QueuedConnection);
+    ThreadRetirement::retire(thread);
 }
 
 void DeviceParameterCollection::setLogicFactory(

@@ -100,7 +100,7 @@ private:
     void attach(const std::function<int(DeviceWorker&, QString*)>& job);
 
     QString m_name;
-    QThread m_thread;
+    QThread* m_thread;                // owned until the collection goes, then retired
     DeviceWorker* m_worker = nullptr; // lives on m_thread, deleted there
     QVector<MapState> m_maps;
     QHash<QString, int> m_mapByPrefix;

@@ -79,6 +79,45 @@ Transport: %3</translation>
         <source>No cameras found</source>
         <translation>No cameras found</translation>
     </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>Reconnect</translation>
+    </message>
+    <message>
+        <source>Open the lost camera again, once it is back</source>
+        <translation>Open the lost camera again, once it is back</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureStatusBar</name>
+    <message>
+        <source>refused by the camera (access denied)</source>
+        <translation>refused by the camera (access denied)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (value out of range)</source>
+        <translation>refused by the camera (value out of range)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (invalid value)</source>
+        <translation>refused by the camera (invalid value)</translation>
+    </message>
+    <message>
+        <source>not written: the camera did not answer in time</source>
+        <translation>not written: the camera did not answer in time</translation>
+    </message>
+    <message>
+        <source>not written: the camera is lost</source>
+        <translation>not written: the camera is lost</translation>
+    </message>
+    <message>
+        <source>not written: the camera does not have it</source>
+        <translation>not written: the camera does not have it</translation>
+    </message>
+    <message>
+        <source>the write failed</source>
+        <translation>the write failed</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MainWindow</name>
@@ -140,6 +179,14 @@ Transport: %3</translation>
     <message>
         <source>Visibility</source>
         <translation>Visibility</translation>
+    </message>
+    <message>
+        <source>Cannot reconnect %1: %2</source>
+        <translation>Cannot reconnect %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is connected again</source>
+        <translation>%1 is connected again</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,45 @@ Transport: %3</source>
         <source>No cameras found</source>
         <translation>カメラが見つかりません</translation>
     </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>再接続</translation>
+    </message>
+    <message>
+        <source>Open the lost camera again, once it is back</source>
+        <translation>切断されたカメラが戻ったら、もう一度開きます</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureStatusBar</name>
+    <message>
+        <source>refused by the camera (access denied)</source>
+        <translation>カメラが拒否しました (アクセス拒否)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (value out of range)</source>
+        <translation>カメラが拒否しました (範囲外の値)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (invalid value)</source>
+        <translation>カメラが拒否しました (無効な値)</translation>
+    </message>
+    <message>
+        <source>not written: the camera did not answer in time</source>
+        <translation>書き込まれていません: カメラが時間内に応答しませんでした</translation>
+    </message>
+    <message>
+        <source>not written: the camera is lost</source>
+        <translation>書き込まれていません: カメラが切断されています</translation>
+    </message>
+    <message>
+        <source>not written: the camera does not have it</source>
+        <translation>書き込まれていません: カメラにこの機能がありません</translation>
+    </message>
+    <message>
+        <source>the write failed</source>
+        <translation>書き込みに失敗しました</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MainWindow</name>
@@ -139,6 +178,14 @@ Transport: %3</source>
     <message>
         <source>Visibility</source>
         <translation>表示レベル</translation>
+    </message>
+    <message>
+        <source>Cannot reconnect %1: %2</source>
+        <translation>%1 に再接続できません: %2</translation>
+    </message>
+    <message>
+        <source>%1 is connected again</source>
+        <translation>%1 に再接続しました</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,45 @@ Transport: %3</source>
         <source>No cameras found</source>
         <translation>카메라를 찾지 못했습니다</translation>
     </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>다시 연결</translation>
+    </message>
+    <message>
+        <source>Open the lost camera again, once it is back</source>
+        <translation>연결이 끊긴 카메라가 돌아오면 다시 엽니다</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureStatusBar</name>
+    <message>
+        <source>refused by the camera (access denied)</source>
+        <translation>카메라가 거부함 (접근 거부)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (value out of range)</source>
+        <translation>카메라가 거부함 (범위를 벗어난 값)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (invalid value)</source>
+        <translation>카메라가 거부함 (잘못된 값)</translation>
+    </message>
+    <message>
+        <source>not written: the camera did not answer in time</source>
+        <translation>쓰지 못함: 카메라가 제시간에 응답하지 않음</translation>
+    </message>
+    <message>
+        <source>not written: the camera is lost</source>
+        <translation>쓰지 못함: 카메라 연결이 끊김</translation>
+    </message>
+    <message>
+        <source>not written: the camera does not have it</source>
+        <translation>쓰지 못함: 카메라에 이 기능이 없음</translation>
+    </message>
+    <message>
+        <source>the write failed</source>
+        <translation>쓰기 실패</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MainWindow</name>
@@ -139,6 +178,14 @@ Transport: %3</source>
     <message>
         <source>Visibility</source>
         <translation>표시 수준</translation>
+    </message>
+    <message>
+        <source>Cannot reconnect %1: %2</source>
+        <translation>%1에 다시 연결할 수 없음: %2</translation>
+    </message>
+    <message>
+        <source>%1 is connected again</source>
+        <translation>%1에 다시 연결됨</translation>
     </message>
 </context>
 <context>

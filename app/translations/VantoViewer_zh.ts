@@ -79,6 +79,45 @@ Transport: %3</source>
         <source>No cameras found</source>
         <translation>未找到相机</translation>
     </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>重新连接</translation>
+    </message>
+    <message>
+        <source>Open the lost camera again, once it is back</source>
+        <translation>断开的相机恢复后重新打开它</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureStatusBar</name>
+    <message>
+        <source>refused by the camera (access denied)</source>
+        <translation>相机拒绝 (拒绝访问)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (value out of range)</source>
+        <translation>相机拒绝 (值超出范围)</translation>
+    </message>
+    <message>
+        <source>refused by the camera (invalid value)</source>
+        <translation>相机拒绝 (无效值)</translation>
+    </message>
+    <message>
+        <source>not written: the camera did not answer in time</source>
+        <translation>未写入: 相机未及时响应</translation>
+    </message>
+    <message>
+        <source>not written: the camera is lost</source>
+        <translation>未写入: 相机已断开</translation>
+    </message>
+    <message>
+        <source>not written: the camera does not have it</source>
+        <translation>未写入: 相机没有此功能</translation>
+    </message>
+    <message>
+        <source>the write failed</source>
+        <translation>写入失败</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MainWindow</name>
@@ -139,6 +178,14 @@ Transport: %3</source>
     <message>
         <source>Visibility</source>
         <translation>可见性级别</translation>
+    </message>
+    <message>
+        <source>Cannot reconnect %1: %2</source>
+        <translation>无法重新连接 %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is connected again</source>
+        <translation>%1 已重新连接</translation>
     </message>
 </context>
 <context>

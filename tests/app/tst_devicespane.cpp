@@ -144,6 +144,55 @@ private Q_SLOTS:
         QCOMPARE(pane.activeDevice(), camera);
     }
 
+    void reconnectIsOfferedOnlyForALostCamera()
+    {
+        TwoCameras cameras;
+        DevicesPane& pane = cameras.pane;
+        auto* button = pane.findChild<QToolButton*>(QStringLiteral("reconnectButton"));
+        QVERIFY(button);
+        QAction* reconnect = pane.reconnectAction();
+        QCOMPARE(button->defaultAction(), reconnect);
+        QSignalSpy requested(&pane, &DevicesPane::reconnectRequested);
+
+        // Given the first camera lost and the second, healthy one active
+        pane.markLost(cameras.first, QStringLiteral("heartbeat timed out"));
+        QVERIFY(!reconnect->isEnabled());
+        reconnect->trigger();
+        QCOMPARE(requested.count(), 0);
+
+        // When the user selects the lost row
+        pane.setActiveDevice(cameras.first);
+
+        // Then Reconnect asks for that camera
+        QVERIFY(reconnect->isEnabled());
+        QVERIFY(button->isEnabled());
+        button->click();
+        QCOMPARE(requested.count(), 1);
+        QCOMPARE(requested.at(0).at(0).value<BaseInfoPtr>(), cameras.first);
+        // The pane only asks; the camera stays lost until the window says otherwise.
+        QVERIFY(pane.isMarkedLost(cameras.first));
+    }
+
+    void reconnectedCameraTakesTheLostOnesRow()
+    {
+        TwoCameras cameras;
+        DevicesPane& pane = cameras.pane;
+        pane.setActiveDevice(cameras.first);
+        pane.markLost(cameras.first, QStringLiteral("heartbeat timed out"));
+        QSignalSpy active(&pane, &DevicesPane::activeDeviceChanged);
+        const BaseInfoPtr again = makeCamera(QStringLiteral("SIM0001"));
+
+        pane.replaceDevice(cameras.first, again);
+
+        QCOMPARE(pane.devices(), QList<BaseInfoPtr>({again, cameras.second}));
+        QCOMPARE(pane.deviceList()->item(0)->text(), again->getFriendlyName());
+        QVERIFY(!pane.isMarkedLost(again));
+        QCOMPARE(pane.activeDevice(), again);
+        QCOMPARE(active.count(), 1);
+        QCOMPARE(active.at(0).at(0).value<BaseInfoPtr>(), again);
+        QVERIFY(!pane.reconnectAction()->isEnabled());
+    }
+
     void scanRunsAwayFromTheWindowAndListsWhatItFound()
     {
         DevicesPane pane;

@@ -128,6 +128,66 @@ private Q_SLOTS:
         QVERIFY(!label->isVisible());
         QCOMPARE(bar.errorText(), QString());
     }
+
+    void writeFailureNamesTheFeatureOnceWithItsKind_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("expected");
+        using ParameterCollection::Exception;
+        QTest::newRow("access") << int(Exception::Access)
+                                << QStringLiteral("[Width] Access denied writing 0x100")
+                                << QStringLiteral("Width: refused by the camera (access denied): "
+                                                  "Access denied writing 0x100");
+        QTest::newRow("range") << int(Exception::Range) << QStringLiteral("5 is below 16")
+                               << QStringLiteral(
+                                      "Width: refused by the camera (value out of range): 5 is "
+                                      "below 16");
+        QTest::newRow("invalid value")
+            << int(Exception::InvalidArgument) << QStringLiteral("'x' is not an integer")
+            << QStringLiteral(
+                   "Width: refused by the camera (invalid value): 'x' is not an integer");
+        QTest::newRow("timeout") << int(Exception::Timeout) << QStringLiteral("no answer")
+                                 << QStringLiteral(
+                                        "Width: not written: the camera did not answer in time: "
+                                        "no answer");
+        QTest::newRow("device lost")
+            << int(Exception::DeviceLost) << QStringLiteral("the device is lost")
+            << QStringLiteral("Width: not written: the camera is lost: the device is lost");
+        QTest::newRow("not found")
+            << int(Exception::NotFound) << QString()
+            << QStringLiteral("Width: not written: the camera does not have it");
+        QTest::newRow("other") << int(Exception::Generic) << QStringLiteral("[Width] odd")
+                               << QStringLiteral("Width: the write failed: odd");
+    }
+
+    void writeFailureNamesTheFeatureOnceWithItsKind()
+    {
+        QFETCH(int, kind);
+        QFETCH(QString, message);
+        QFETCH(QString, expected);
+        FeatureStatusBar bar;
+
+        bar.showWriteFailure(QStringLiteral("@CameraDevice/Width"),
+                             static_cast<ParameterCollection::Exception::Kind>(kind), message);
+
+        QVERIFY2(bar.errorText().endsWith(QLatin1Char(' ') + expected),
+                 qPrintable(bar.errorText()));
+        QCOMPARE(bar.errorText().count(QStringLiteral("Width")), 1);
+    }
+
+    void panelMessagesNameTheFeatureOnce()
+    {
+        QCOMPARE(FeatureStatusBar::withoutRepeatedName(
+                     QStringLiteral("[Width] [Width] 5 is below the minimum 16")),
+                 QStringLiteral("[Width] 5 is below the minimum 16"));
+        QCOMPARE(FeatureStatusBar::withoutRepeatedName(QStringLiteral("[Width] Width: denied")),
+                 QStringLiteral("[Width] denied"));
+        QCOMPARE(FeatureStatusBar::withoutRepeatedName(QStringLiteral("[Width] WidthMax is 64")),
+                 QStringLiteral("[Width] WidthMax is 64"));
+        QCOMPARE(FeatureStatusBar::withoutRepeatedName(QStringLiteral("Width: 640")),
+                 QStringLiteral("Width: 640"));
+    }
 };
 
 QTEST_MAIN(TestFeatureStatusBar)

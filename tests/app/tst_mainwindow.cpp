@@ -10,7 +10,12 @@
 
 #include <appcore/appcoreconstants.h>
 #include <camerapool.h>
+#include <deviceparametercollection.h>
+#include <deviceworker.h>
+#include <featuretree/ifeaturetreecontrolservice.h>
 #include <featuretree/ifeaturetreestatusservice.h>
+#include <simulateddevice.h>
+#include <parametercollection/iadvancedparameteraccess.h>
 #include <parametercollection/iparametercollection.h>
 
 #include <QAbstractItemView>
@@ -29,8 +34,12 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QStatusBar>
+#include <QSemaphore>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QtTest>
+
+#include <atomic>
 
 #include <memory>
 
@@ -151,6 +160,61 @@ QAction* actionNamed(QMenu* menu, const QString& text)
         }
     }
     return nullptr;
+}
+
+// The simulated device behind a camera's collection; its fault settings may be used from
+// here, the rest belongs to the device thread.
+Backend::SimulatedDevice*
+simulatedDeviceOf(const QSharedPointer<ParameterCollection::IParameterCollection>& collection)
+{
+    auto* device = qobject_cast<Backend::DeviceParameterCollection*>(collection.data());
+    Backend::SimulatedDevice* simulated = nullptr;
+    if (device) {
+        device->runOnDeviceThread(
+            [&simulated](Backend::DeviceWorker& worker) { simulated = worker.simulatedDevice(0); });
+    }
+    return simulated;
+}
+
+// Makes the camera stop answering, as a camera that was unplugged, and waits until the
+// collection knows.
+bool loseCamera(const QSharedPointer<ParameterCollection::IParameterCollection>& collection)
+{
+    Backend::SimulatedDevice* device = simulatedDeviceOf(collection);
+    if (!device) {
+        return false;
+    }
+    QSignalSpy lost(collection.data(), &ParameterCollection::IParameterCollection::deviceLost);
+    device->setFault(Backend::SimulatedDevice::Fault::Timeout);
+    // A read that must reach the device, whatever the panels observe.
+    const auto width = collection->getParameter(QStringLiteral("@CameraDevice/Width"));
+    width->getAdvancedParameterAccess()->scheduleForcedParameterDataChangedCheck();
+    return collection->isLost() || lost.wait(10000);
+}
+
+// Types a value into the feature's row of the tree and presses Enter.
+bool typeIntoTree(QTreeView* view, const QString& fullName, const QString& text)
+{
+    const QModelIndex feature = findFeature(view->model(), QModelIndex(), fullName);
+    if (!feature.isValid()) {
+        return false;
+    }
+    view->scrollTo(feature);
+    const QModelIndex value = feature.sibling(feature.row(), 1);
+    view->setCurrentIndex(value);
+    view->edit(value);
+    QWidget* editor = view->indexWidget(value);
+    QLineEdit* line = editor ? editor->findChild<QLineEdit*>() : nullptr;
+    if (!line) {
+        line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    }
+    if (!line) {
+        return false;
+    }
+    line->selectAll();
+    QTest::keyClicks(line, text);
+    QTest::keyClick(line, Qt::Key_Return);
+    return true;
 }
 
 } // namespace
@@ -417,6 +481,131 @@ private Q_SLOTS:
         QVERIFY(m_window->featureStatusBar()->errorText().contains(info->getFriendlyName()));
         // Still listed: the user closes it when ready.
         QCOMPARE(m_window->devicesPane()->devices().size(), 1);
+    }
+
+    void reconnectBringsBackALostCameraInPlaceOfTheOld()
+    {
+        using Plugin::FeatureTree::IFeatureTreeControlService;
+        const auto control = m_plugins->initializer()->getService<IFeatureTreeControlService>();
+        QVERIFY(control);
+        DevicesPane* pane = m_window->devicesPane();
+        QAction* reconnect = pane->reconnectAction();
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+
+        // Given the built-in camera shown, then lost because its device stopped answering
+        pane->findChild<QAction*>(QStringLiteral("openBuiltInAction"))->trigger();
+        const auto lostInfo = pane->activeDevice();
+        QVERIFY(lostInfo);
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+        auto lostCollection = m_pool->getParameterCollection(lostInfo);
+        Backend::SimulatedDevice* lostDevice = simulatedDeviceOf(lostCollection);
+        QVERIFY(lostDevice);
+        QVERIFY(!reconnect->isEnabled());
+        QVERIFY(loseCamera(lostCollection));
+        QVERIFY(pane->isMarkedLost(lostInfo));
+        QVERIFY(reconnect->isEnabled());
+        QSignalSpy unregistered(control.data(), &IFeatureTreeControlService::deviceUnregistered);
+        QSignalSpy registered(control.data(), &IFeatureTreeControlService::deviceRegistered);
+
+        // When the user asks to reconnect while the camera still does not answer
+        reconnect->trigger();
+
+        // Then that fails with the reason in the status bar, and nothing else changes
+        const QString error = m_window->featureStatusBar()->errorText();
+        QVERIFY2(error.contains(QStringLiteral("Cannot reconnect ") + lostInfo->getFriendlyName()),
+                 qPrintable(error));
+        QVERIFY2(error.contains(QStringLiteral("does not answer")), qPrintable(error));
+        QVERIFY(pane->isMarkedLost(lostInfo));
+        QCOMPARE(pane->devices(), QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>>{lostInfo});
+        QCOMPARE(m_pool->getOpenDevices().size(), 1);
+        QCOMPARE(unregistered.count(), 0);
+        QCOMPARE(registered.count(), 0);
+
+        // When the camera answers again and the user reconnects
+        lostDevice->setFault(Backend::SimulatedDevice::Fault::None);
+        reconnect->trigger();
+
+        // Then a new camera with the same id takes the lost one's row and is active
+        const auto fresh = pane->activeDevice();
+        QVERIFY(fresh);
+        QVERIFY(fresh != lostInfo);
+        QCOMPARE(fresh->getId(), lostInfo->getId());
+        QCOMPARE(pane->devices(), QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>>{fresh});
+        QVERIFY(!pane->isMarkedLost(fresh));
+        QVERIFY(!reconnect->isEnabled());
+        QCOMPARE(m_pool->getOpenDevices(),
+                 QList<QSharedPointer<Plugin::CameraPool::IBaseInfo>>{fresh});
+        QCOMPARE(m_window->featureStatusBar()->errorText(), QString());
+        // and the panels swapped the old camera for the new one
+        QCOMPARE(unregistered.count(), 1);
+        QCOMPARE(unregistered.at(0).at(0).value<QSharedPointer<Plugin::CameraPool::IBaseInfo>>(),
+                 lostInfo);
+        QCOMPARE(registered.count(), 1);
+        QCOMPARE(registered.at(0).at(0).value<QSharedPointer<Plugin::CameraPool::IBaseInfo>>(),
+                 fresh);
+        QPointer<QObject> oldCollection = lostCollection.data();
+        lostCollection.reset();
+        QTRY_VERIFY(oldCollection.isNull());
+
+        // and the tree shows the new collection: an edit there reaches the new camera
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+        auto* view = qobject_cast<QTreeView*>(visibleTree(all));
+        QVERIFY(view);
+        QVERIFY(typeIntoTree(view, QStringLiteral("@CameraDevice/Width"), QStringLiteral("800")));
+        const auto width = m_pool->getParameterCollection(fresh)->getParameter(
+            QStringLiteral("@CameraDevice/Width"));
+        auto* integer = qobject_cast<ParameterCollection::IIntegerParameter*>(width.data());
+        QVERIFY(integer);
+        QTRY_COMPARE(integer->getValue(), qint64(800));
+    }
+
+    void closingALostCameraDoesNotWaitForItsDeviceThread()
+    {
+        // Given a lost camera whose device thread is stuck, as in a call to a silent camera
+        const auto info = m_window->openSimulatedCamera(QString());
+        QVERIFY(info);
+        auto collection = m_pool->getParameterCollection(info);
+        QVERIFY(loseCamera(collection));
+        auto* device = qobject_cast<Backend::DeviceParameterCollection*>(collection.data());
+        QSemaphore entered;
+        QSemaphore release;
+        QThread* holder = QThread::create([device, &entered, &release] {
+            device->runOnDeviceThread([&entered, &release](Backend::DeviceWorker&) {
+                entered.release();
+                release.acquire();
+            });
+        });
+        holder->start();
+        entered.acquire();
+        // Should the window wait for the thread after all, this lets the test end with a
+        // failure instead of hanging.
+        std::atomic_bool rescued{false};
+        QSemaphore finished;
+        QThread* rescuer = QThread::create([&release, &finished, &rescued] {
+            if (!finished.tryAcquire(1, 20000)) {
+                rescued = true;
+                release.release();
+            }
+        });
+        rescuer->start();
+        QPointer<QObject> watched = collection.data();
+        collection.reset();
+
+        // When the user closes it
+        m_window->closeCamera(info);
+
+        // Then the collection goes while its thread is still held
+        QTRY_VERIFY(watched.isNull());
+        QVERIFY(!rescued);
+        QCOMPARE(m_window->devicesPane()->devices().size(), 0);
+        finished.release();
+        if (!rescued) {
+            release.release();
+        }
+        holder->wait();
+        rescuer->wait();
+        delete holder;
+        delete rescuer;
     }
 
     void devicesPaneOpensAndClosesCameras()

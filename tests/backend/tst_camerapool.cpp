@@ -2,14 +2,20 @@
 
 #include <camerapool.h>
 #include <deviceparametercollection.h>
+#include <deviceworker.h>
+#include <simulateddevice.h>
 
 #include <parametercollection/exception.h>
+#include <parametercollection/iadvancedparameteraccess.h>
 
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTcpSocket>
+#include <QThread>
+#include <QTimer>
 #include <QUdpSocket>
 #include <QtTest>
 
@@ -48,6 +54,8 @@ private Q_SLOTS:
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice_data();
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice();
     void shouldReportMissingFileClearly();
+    void shouldReopenALostSimulatedCameraOnlyOnceItAnswers();
+    void shouldKeepTheEventLoopTurningWhileAStuckDeviceIsAsked();
     void shouldOpenBuiltinCameraWithFourModules();
     void shouldReadAndWriteEveryTypeOnBuiltinCamera();
     void shouldRefuseWhatTheBuiltinCameraForbids();
@@ -299,6 +307,81 @@ void tst_CameraPool::shouldRefuseWhatTheBuiltinCameraForbids()
                     width->setValue(QVariant(w->min + 1));
                 }).contains(QStringLiteral("increment")));
     }
+}
+
+void tst_CameraPool::shouldReopenALostSimulatedCameraOnlyOnceItAnswers()
+{
+    Backend::CameraPool pool;
+    const auto info = pool.openSimulated(testDataPath(QStringLiteral("minimal.xml")));
+    auto* collection =
+        static_cast<Backend::DeviceParameterCollection*>(pool.getParameterCollection(info).data());
+    Backend::SimulatedDevice* device = nullptr;
+    collection->runOnDeviceThread(
+        [&device](Backend::DeviceWorker& worker) { device = worker.simulatedDevice(0); });
+    QVERIFY(device);
+    const auto width = collection->getParameter(QStringLiteral("@CameraDevice/Width"));
+    width->setValue(QVariant(512));
+    collection->waitForDevice();
+    QSignalSpy lost(collection, &IParameterCollection::deviceLost);
+    device->setFault(Backend::SimulatedDevice::Fault::Timeout);
+    width->getAdvancedParameterAccess()->scheduleForcedParameterDataChangedCheck();
+    QVERIFY(lost.wait());
+
+    // While the device does not answer, reopening fails and changes nothing
+    QVERIFY(thrownText<DeviceLostException>([&] {
+                pool.reopen(info);
+            }).contains(QStringLiteral("does not answer")));
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+
+    // Once it answers, the same description opens again under the same id, beside the old one
+    device->setFault(Backend::SimulatedDevice::Fault::None);
+    const auto again = pool.reopen(info);
+    QVERIFY(again);
+    QVERIFY(again != info);
+    QCOMPARE(again->getId(), info->getId());
+    QCOMPARE(again->getFriendlyName(), info->getFriendlyName());
+    QCOMPARE(pool.getOpenDevices().size(), 2);
+    const auto fresh = pool.getParameterCollection(again);
+    QVERIFY(!fresh->isLost());
+    QVERIFY(
+        fresh->getParameter(QStringLiteral("@CameraDevice/Width"))->getParameterData()->readable);
+    pool.close(info);
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+    QVERIFY_EXCEPTION_THROWN(pool.reopen(info), NotFoundException);
+}
+
+void tst_CameraPool::shouldKeepTheEventLoopTurningWhileAStuckDeviceIsAsked()
+{
+    Backend::CameraPool pool;
+    const auto info = pool.openSimulated(testDataPath(QStringLiteral("minimal.xml")));
+    auto* collection =
+        static_cast<Backend::DeviceParameterCollection*>(pool.getParameterCollection(info).data());
+    // Given the device thread stuck in a call, as in one to a camera that went silent
+    QSemaphore entered;
+    QSemaphore release;
+    QThread* holder = QThread::create([collection, &entered, &release] {
+        collection->runOnDeviceThread([&entered, &release](Backend::DeviceWorker&) {
+            entered.release();
+            release.acquire();
+        });
+    });
+    holder->start();
+    entered.acquire();
+    int beats = 0;
+    QTimer beat;
+    connect(&beat, &QTimer::timeout, &beat, [&beats] { ++beats; });
+    beat.start(10);
+
+    // When the camera is to be reopened, it is asked whether it answers
+    const QString thrown = thrownText<TimeoutException>([&] { pool.reopen(info); });
+
+    // Then the question times out with the reason while the event loop went on
+    QVERIFY2(thrown.contains(QStringLiteral("does not answer")), qPrintable(thrown));
+    QVERIFY(beats > 0);
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+    release.release();
+    holder->wait();
+    delete holder;
 }
 
 void tst_CameraPool::shouldCompleteCommandsAndReportIsDone()
