@@ -470,6 +470,34 @@ private Q_SLOTS:
                     .contains(QStringLiteral("Locked while the camera is in this state")));
     }
 
+    void shouldExplainTheExposureLockOfTheBuiltInCamera()
+    {
+        // Given the built-in camera with Exposure Auto off, and the item of Exposure Time
+        const auto camera = openSimulatedCamera();
+        const auto exposureAuto =
+            camera->collection->getParameter(QStringLiteral("@CameraDevice/ExposureAuto"));
+        const auto exposureTime = item(QStringLiteral("ExposureTime"), camera->collection);
+        QVERIFY(exposureAuto && exposureTime->node());
+        exposureAuto->setValue(QStringLiteral("Off"));
+        QTRY_VERIFY(exposureTime->isEditable());
+
+        // When the camera takes over the exposure
+        exposureAuto->setValue(QStringLiteral("Continuous"));
+
+        // Then the feature can't be changed, and its tool tip says which feature decides it
+        QTRY_VERIFY(!exposureTime->isEditable());
+        QTRY_VERIFY2(exposureTime->data(1, Qt::ToolTipRole)
+                         .toString()
+                         .contains(QStringLiteral("Locked while Exposure Auto is Continuous")),
+                     qPrintable(exposureTime->data(1, Qt::ToolTipRole).toString()));
+        // And once the user has it back, the explanation goes with the lock
+        exposureAuto->setValue(QStringLiteral("Off"));
+        QTRY_VERIFY(exposureTime->isEditable());
+        QVERIFY(!exposureTime->data(1, Qt::ToolTipRole)
+                     .toString()
+                     .contains(QStringLiteral("Locked while")));
+    }
+
     void shouldShowTheRangeIncrementAndUnitOfNumbers()
     {
         QVERIFY2(item("IntPlain")

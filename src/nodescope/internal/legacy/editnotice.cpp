@@ -129,11 +129,6 @@ QString EditNotice::cameraLost(const QString& feature)
     return tr("%1: the camera is lost, nothing was written").arg(feature);
 }
 
-QString EditNotice::deviceRefused(const QString& feature, const QString& message)
-{
-    return tr("%1: %2").arg(feature, message);
-}
-
 QString EditNotice::rangeText(const ParameterData& data, const QLocale& locale)
 {
     QString text;

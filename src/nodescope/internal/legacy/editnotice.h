@@ -44,8 +44,6 @@ public:
     static QString notWritten(const QString& feature);
     // A write to a camera that is gone.
     static QString cameraLost(const QString& feature);
-    // A write the device refused later; `message` names no feature.
-    static QString deviceRefused(const QString& feature, const QString& message);
 
     // "Minimum 16, maximum 1920, increment 16" for a number's data, with a second line for the
     // unit; empty for other data.

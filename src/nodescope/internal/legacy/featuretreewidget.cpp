@@ -361,19 +361,6 @@ void FeatureTreeWidget::connectSignals()
     }
 }
 
-QString FeatureTreeWidget::labelOf(const QString& fullName) const
-{
-    FeatureTreeProxyModel* proxy = proxyModel();
-    FeatureTreeModel* model = proxy ? proxy->getFeatureTreeModel() : nullptr;
-    if (model) {
-        const QModelIndex index = model->findItemByFullName(fullName, nullptr, 0);
-        if (FeatureTreeItem* item = model->getFeatureTreeItem(index)) {
-            return item->getDisplayedName();
-        }
-    }
-    return ParameterName(fullName).feature();
-}
-
 void FeatureTreeWidget::onDeviceLost()
 {
     deviceIsClosed();
@@ -491,11 +478,9 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
         return;
     }
     if (!knownCollection) {
-        // Writes the device refused later, after the editor let go.
-        connect(collection.data(), &IParameterCollection::writeFailed, this,
-                [this](const QString& fullName, Exception::Kind, const QString& message) {
-                    Q_EMIT onNewText(EditNotice::deviceRefused(labelOf(fullName), message));
-                });
+        // A write the device refused after the editor let go is the host's to report, with
+        // the rest of what the camera does on its own (its loss among them): one message per
+        // event, however many panels show the camera. The editor reverts with the re-read.
         connect(collection.data(), &IParameterCollection::deviceLost, this,
                 &FeatureTreeWidget::onDeviceLost);
     }

@@ -172,8 +172,6 @@ private:
     void reportFilterMatches();
     void fitNameColumn(QAbstractItemView* view, QHeaderView* header);
     void onDeviceLost();
-    // The feature's displayed name in the tree, else its name.
-    QString labelOf(const QString& fullName) const;
     // Why the current feature shows no value or can't be changed, for the status line.
     QString stateText(const FeatureTreeINodeItem& node) const;
     // Tells the status line when the current feature's reason changes while it is current.
