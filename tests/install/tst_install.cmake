@@ -4,37 +4,11 @@
 # and checks from its log that the plug-in and the filter file came from that prefix, not from
 # the build tree or from the copy built into the plug-in.
 
-foreach(var BUILD_DIR BINDIR LIBDIR DATADIR)
-    if(NOT DEFINED ${var} OR "${${var}}" STREQUAL "")
-        message(FATAL_ERROR "tst_install: ${var} is not set")
-    endif()
-endforeach()
-
-if(DEFINED ENV{TMPDIR} AND IS_DIRECTORY "$ENV{TMPDIR}")
-    set(tmp_root "$ENV{TMPDIR}")
-else()
-    set(tmp_root "/tmp")
-endif()
-string(RANDOM LENGTH 10 ALPHABET "abcdefghijklmnopqrstuvwxyz0123456789" suffix)
-set(work "${tmp_root}/tst_install-${suffix}")
-if(EXISTS "${work}")
-    message(FATAL_ERROR "tst_install: ${work} exists already")
-endif()
+cmake_minimum_required(VERSION 3.16)
+include(${CMAKE_CURRENT_LIST_DIR}/../scripttest.cmake)
+script_test_begin(tst_install BUILD_DIR BINDIR LIBDIR DATADIR)
 set(prefix "${work}/prefix")
-file(MAKE_DIRECTORY "${prefix}" "${work}/home" "${work}/config")
-# The executable finds itself through /proc/self/exe, which has no symbolic links.
-get_filename_component(prefix "${prefix}" REALPATH)
-
-set(failures "")
-
-function(finish)
-    file(REMOVE_RECURSE "${work}")
-    if(failures)
-        list(JOIN failures "\n  " text)
-        message(FATAL_ERROR "tst_install failed:\n  ${text}")
-    endif()
-    message(STATUS "tst_install passed")
-endfunction()
+file(MAKE_DIRECTORY "${prefix}")
 
 set(config_args "")
 if(CONFIG)

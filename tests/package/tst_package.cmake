@@ -1,32 +1,9 @@
 # cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DVERSION=... -P tst_package.cmake
 
 cmake_minimum_required(VERSION 3.16)
-
-foreach(var BUILD_DIR SOURCE_DIR VERSION)
-    if(NOT DEFINED ${var} OR "${${var}}" STREQUAL "")
-        message(FATAL_ERROR "tst_package: ${var} is not set")
-    endif()
-endforeach()
-
-if(DEFINED ENV{TMPDIR} AND IS_DIRECTORY "$ENV{TMPDIR}")
-    set(tmp_root "$ENV{TMPDIR}")
-else()
-    set(tmp_root "/tmp")
-endif()
-string(RANDOM LENGTH 10 ALPHABET "abcdefghijklmnopqrstuvwxyz0123456789" suffix)
-set(work "${tmp_root}/tst_package-${suffix}")
-file(MAKE_DIRECTORY "${work}/out" "${work}/root" "${work}/home" "${work}/config")
-get_filename_component(work "${work}" REALPATH)
-
-set(failures "")
-function(finish)
-    file(REMOVE_RECURSE "${work}")
-    if(failures)
-        list(JOIN failures "\n  " text)
-        message(FATAL_ERROR "tst_package failed:\n  ${text}")
-    endif()
-    message(STATUS "tst_package passed")
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../scripttest.cmake)
+script_test_begin(tst_package BUILD_DIR SOURCE_DIR VERSION)
+file(MAKE_DIRECTORY "${work}/out" "${work}/root")
 
 function(run_tool)
     cmake_parse_arguments(R "" "NAME" "COMMAND" ${ARGN})
