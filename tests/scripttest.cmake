@@ -36,3 +36,34 @@ function(finish)
     endif()
     message(STATUS "${script_test_name} passed")
 endfunction()
+
+# Runs `viewer --simulate --screenshot` with the user's settings out of reach and the build
+# tree's libraries out of the path, adds a failure when it ends badly or saves no picture, and
+# leaves what it printed in `run_output`. `what` names the viewer in failures.
+function(run_viewer_screenshot viewer what)
+    set(ENV{HOME} "${work}/home")
+    set(ENV{XDG_CONFIG_HOME} "${work}/config")
+    set(ENV{QT_QPA_PLATFORM} "offscreen")
+    set(ENV{QT_QUICK_BACKEND} "software")
+    set(ENV{QT_LOGGING_RULES} "vanto.viewer.plugins.info=true;nodescope.filter.info=true")
+    unset(ENV{LD_LIBRARY_PATH})
+    unset(ENV{QT_PLUGIN_PATH})
+    set(shot "${work}/shot.png")
+    file(REMOVE "${shot}")
+    execute_process(COMMAND "${viewer}" --simulate --screenshot "${shot}"
+        WORKING_DIRECTORY "${work}"
+        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output
+        TIMEOUT 120)
+    if(NOT result EQUAL 0)
+        list(APPEND failures "${what} ended with ${result}:\n${output}")
+    endif()
+    set(shot_size 0)
+    if(EXISTS "${shot}")
+        file(SIZE "${shot}" shot_size)
+    endif()
+    if(NOT shot_size GREATER 0)
+        list(APPEND failures "${what} saved no screenshot, or an empty one:\n${output}")
+    endif()
+    set(failures "${failures}" PARENT_SCOPE)
+    set(run_output "${output}" PARENT_SCOPE)
+endfunction()

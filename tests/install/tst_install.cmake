@@ -60,34 +60,8 @@ else()
     message(STATUS "ldd not found: the loader paths are checked only by running the viewer")
 endif()
 
-# The user's own settings stay out of reach, and the build tree's libraries out of the path.
-set(ENV{HOME} "${work}/home")
-set(ENV{XDG_CONFIG_HOME} "${work}/config")
-set(ENV{QT_QPA_PLATFORM} "offscreen")
-set(ENV{QT_QUICK_BACKEND} "software")
-set(ENV{QT_LOGGING_RULES} "vanto.viewer.plugins.info=true;nodescope.filter.info=true")
-unset(ENV{LD_LIBRARY_PATH})
-unset(ENV{QT_PLUGIN_PATH})
-
-set(shot "${work}/shot.png")
 if(EXISTS "${viewer}")
-    execute_process(
-        COMMAND "${viewer}" --simulate --screenshot "${shot}"
-        WORKING_DIRECTORY "${work}"
-        RESULT_VARIABLE run_result
-        OUTPUT_VARIABLE run_output
-        ERROR_VARIABLE run_output
-        TIMEOUT 90)
-    if(NOT run_result EQUAL 0)
-        list(APPEND failures "the installed viewer ended with ${run_result}:\n${run_output}")
-    endif()
-    set(shot_size 0)
-    if(EXISTS "${shot}")
-        file(SIZE "${shot}" shot_size)
-    endif()
-    if(NOT shot_size GREATER 0)
-        list(APPEND failures "no screenshot, or an empty one, at ${shot}")
-    endif()
+    run_viewer_screenshot("${viewer}" "the installed viewer")
     string(FIND "${run_output}" "loaded ${plugin}" plugin_at)
     if(plugin_at EQUAL -1)
         list(APPEND failures

@@ -69,27 +69,7 @@ endforeach()
 
 # The unpacked tree runs as it is: the viewer finds its plug-in and library relative to itself.
 run_tool(NAME "dpkg-deb -x" COMMAND "${DPKG_DEB}" -x "${deb}" "${work}/root")
-set(ENV{HOME} "${work}/home")
-set(ENV{XDG_CONFIG_HOME} "${work}/config")
-set(ENV{QT_QPA_PLATFORM} "offscreen")
-set(ENV{QT_QUICK_BACKEND} "software")
-set(ENV{QT_LOGGING_RULES} "vanto.viewer.plugins.info=true")
-unset(ENV{LD_LIBRARY_PATH})
-set(viewer "${work}/root/usr/bin/vantoviewer")
-execute_process(COMMAND "${viewer}" --simulate --screenshot "${work}/shot.png"
-    WORKING_DIRECTORY "${work}"
-    RESULT_VARIABLE run_result OUTPUT_VARIABLE run_output ERROR_VARIABLE run_output
-    TIMEOUT 120)
-if(NOT run_result EQUAL 0)
-    list(APPEND failures "the unpacked viewer ended with ${run_result}:\n${run_output}")
-endif()
-set(shot_size 0)
-if(EXISTS "${work}/shot.png")
-    file(SIZE "${work}/shot.png" shot_size)
-endif()
-if(NOT shot_size GREATER 0)
-    list(APPEND failures "the unpacked viewer saved no screenshot:\n${run_output}")
-endif()
+run_viewer_screenshot("${work}/root/usr/bin/vantoviewer" "the unpacked viewer")
 string(FIND "${run_output}" "loaded ${work}/root/usr/lib/vantoviewer/plugins/libNodescope.so"
     plugin_at)
 if(plugin_at EQUAL -1)
