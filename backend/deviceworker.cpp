@@ -2,8 +2,10 @@
 
 #include "deviceworker.h"
 
+#include "arithmeticguard.h"
 #include "devicelogic.h"
 #include "errormapping.h"
+#include "evaluationmemo.h"
 #include "nodemapgraph.h"
 #include "nodereader.h"
 #include "simulateddevice.h"
@@ -45,6 +47,8 @@ static void onControlLost(ArvDevice*, gpointer userData)
 
 DeviceWorker::DeviceWorker(QObject* parent) : QObject(parent)
 {
+    ArithmeticGuard::install();
+    EvaluationMemo::install();
     m_commandTimer = new QTimer(this);
     m_commandTimer->setInterval(20);
     connect(m_commandTimer, &QTimer::timeout, this, [this] {
@@ -171,6 +175,14 @@ QSharedPointer<ParameterData> DeviceWorker::readNode(NodeMap& map, int i, bool* 
         data->errorText = QStringLiteral("The node takes part in a reference cycle");
         return data;
     }
+    if (!info.defect.isEmpty()) {
+        auto data = NodeReader::newData(info);
+        data->accessMode = GenApi::NA;
+        data->implemented = data->available = true;
+        data->errorText = info.defect;
+        data->errorKind = Exception::Range;
+        return data;
+    }
     if (m_lost.load() || *deviceFailed) {
         return lostData(map, i);
     }
@@ -196,6 +208,8 @@ QSharedPointer<ParameterData> DeviceWorker::lostData(const NodeMap& map, int i) 
 
 QVector<int> DeviceWorker::readFresh(NodeMap& map, const QVector<int>& nodes)
 {
+    // Within one batch nothing is written: each computed node is evaluated once.
+    EvaluationMemo memo;
     QVector<int> read;
     QVector<QSharedPointer<ParameterData>> fresh;
     bool deviceFailed = false;
@@ -275,6 +289,11 @@ bool DeviceWorker::writeNode(NodeMap& map, int i, const QVariant& value, QString
                              Exception::Kind* kind, bool* deviceFailed)
 {
     ArvGcFeatureNode* feature = map.nodes[i];
+    if (!map.structure->nodes[i].defect.isEmpty()) {
+        *message = map.structure->nodes[i].defect;
+        *kind = Exception::Range;
+        return false;
+    }
     GError* error = nullptr;
     switch (map.structure->nodes[i].type) {
     case IntegerType:
