@@ -80,26 +80,26 @@ void giveError(const Entry& entry, GError** error)
     }
 }
 
-template <int S> gint64 integerGetter(ArvGcInteger* node, GError** error)
+template <class Node, class T>
+T memoized(Node* node, int slot, T (*original)(Node*, GError**), T Entry::*field, GError** error)
 {
-    const IntegerGetter original = originalsOf(node)->integer[S];
     if (t_memo == nullptr) {
         return original(node, error);
     }
-    const Entry& entry = remember(node, S, [&](Entry& e) { e.integer = original(node, &e.error); });
+    const Entry& entry =
+        remember(node, slot, [&](Entry& e) { e.*field = original(node, &e.error); });
     giveError(entry, error);
-    return entry.integer;
+    return entry.*field;
+}
+
+template <int S> gint64 integerGetter(ArvGcInteger* node, GError** error)
+{
+    return memoized(node, S, originalsOf(node)->integer[S], &Entry::integer, error);
 }
 
 template <int S> double floatGetter(ArvGcFloat* node, GError** error)
 {
-    const FloatGetter original = originalsOf(node)->number[S];
-    if (t_memo == nullptr) {
-        return original(node, error);
-    }
-    const Entry& entry = remember(node, S, [&](Entry& e) { e.number = original(node, &e.error); });
-    giveError(entry, error);
-    return entry.number;
+    return memoized(node, S, originalsOf(node)->number[S], &Entry::number, error);
 }
 
 ArvGcAccessMode accessGetter(ArvGcFeatureNode* node)
