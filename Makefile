@@ -52,6 +52,8 @@ fuzz: setup
 	@for t in $(FUZZ_TARGETS); do mkdir -p build-fuzz/corpus/$$t; done
 	@cp fuzz/corpus/displaynamecache/* build-fuzz/corpus/displaynamecache/
 	@cp fuzz/corpus/nodemapfilter/* build-fuzz/corpus/nodemapfilter/
+	@cp fuzz/corpus/registercontents/* build-fuzz/corpus/registercontents/
+	@cp fuzz/corpus/writesandpolls/* build-fuzz/corpus/writesandpolls/
 	@cp tests/backend/data/*.xml tests/nodescope/data/*.xml build-fuzz/corpus/genicamxml/
 	@for t in $(FUZZ_TARGETS); do \
 	    echo "== fuzz_$$t"; \

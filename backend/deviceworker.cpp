@@ -15,6 +15,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <climits>
 #include <numeric>
 
 using namespace ParameterCollection;
@@ -116,6 +117,20 @@ int DeviceWorker::attachDevice(const QString& nodeMapName, ArvDevice* device, QS
         g_object_unref(device);
         *error = QStringLiteral("[%1] the device has no GenICam description").arg(nodeMapName);
         return -1;
+    }
+    // A camera's own description gets the checks a file gets: Aravis has already parsed it,
+    // but drops what lies deeper than its parser reads without a word.
+    size_t size = 0;
+    const char* xml = arv_device_get_genicam_xml(device, &size);
+    if (xml != nullptr) {
+        try {
+            cleanGenICamXml(QByteArray::fromRawData(xml, int(qMin<size_t>(size, INT_MAX))),
+                            nodeMapName);
+        } catch (const Exception& e) {
+            g_object_unref(device);
+            *error = e.text();
+            return -1;
+        }
     }
     arv_device_set_register_cache_policy(device, ARV_REGISTER_CACHE_POLICY_ENABLE);
     map->controlLostHandler =

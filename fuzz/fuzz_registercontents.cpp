@@ -8,24 +8,58 @@
 
 namespace {
 
-// Serves every read from the input, so that each register holds what the input says.
+// The register contents of the input being run; every read is served from it.
+QByteArray t_memory;
+
 class InputMemory : public Backend::DeviceLogic {
 public:
-    InputMemory(Backend::SimulatedDevice& device, const QByteArray& memory)
+    explicit InputMemory(Backend::SimulatedDevice& device)
     {
-        device.addReadHook([memory](Backend::SimulatedDevice& d, quint64 address, quint32 size) {
-            if (memory.isEmpty()) {
+        device.addReadHook([](Backend::SimulatedDevice& d, quint64 address, quint32 size) {
+            if (t_memory.isEmpty()) {
                 return;
             }
             QByteArray bytes(int(qMin<quint32>(size, 1u << 20)), '\0');
             for (int i = 0; i < bytes.size(); ++i) {
-                bytes[i] =
-                    memory[int((address * 2654435761u + quint64(i)) % quint64(memory.size()))];
+                const quint64 at = (address * 2654435761u + quint64(i)) % quint64(t_memory.size());
+                bytes[i] = t_memory[int(at)];
             }
             d.poke(address, bytes.constData(), quint32(bytes.size()));
         });
     }
 };
+
+// One open device per description, kept across inputs: an open costs a vendor description a
+// tenth of a second, a read of every feature much less.
+struct OpenDevice {
+    std::unique_ptr<Backend::DeviceWorker> worker;
+    int map = -1;
+    QVector<int> all;
+};
+
+OpenDevice& openDevice(int index)
+{
+    static QVector<std::shared_ptr<OpenDevice>> devices;
+    const QVector<FuzzDescription>& descriptions = fuzzDescriptions("fuzz_registercontents");
+    devices.resize(descriptions.size());
+    if (!devices[index]) {
+        auto device = std::make_shared<OpenDevice>();
+        device->worker = std::make_unique<Backend::DeviceWorker>();
+        device->worker->setLogicFactory([](Backend::SimulatedDevice& simulated) {
+            return std::unique_ptr<Backend::DeviceLogic>(new InputMemory(simulated));
+        });
+        QString error;
+        device->map = device->worker->attachSimulated(descriptions[index].name,
+                                                      descriptions[index].xml, QString(), &error);
+        if (device->map >= 0) {
+            for (int i = 0; i < device->worker->structure(device->map)->nodes.size(); ++i) {
+                device->all.append(i);
+            }
+        }
+        devices[index] = device;
+    }
+    return *devices[index];
+}
 
 } // namespace
 
@@ -33,21 +67,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const QVector<FuzzDescription>& descriptions = fuzzDescriptions("fuzz_registercontents");
     FuzzInput input(data, size);
-    const FuzzDescription& description = descriptions[input.byte() % descriptions.size()];
-    const QByteArray memory(reinterpret_cast<const char*>(input.rest()), int(input.restSize()));
-    Backend::DeviceWorker worker;
-    worker.setLogicFactory([&memory](Backend::SimulatedDevice& device) {
-        return std::unique_ptr<Backend::DeviceLogic>(new InputMemory(device, memory));
-    });
-    QString error;
-    // The open reads every feature; a second pass reads them again past the cache.
-    const int map = worker.attachSimulated(description.name, description.xml, QString(), &error);
-    if (map >= 0) {
-        QVector<int> all;
-        for (int i = 0; i < worker.structure(map)->nodes.size(); ++i) {
-            all.append(i);
-        }
-        worker.readNodes(map, all, true, true);
+    const int index = input.byte() % descriptions.size();
+    t_memory = QByteArray(reinterpret_cast<const char*>(input.rest()), int(input.restSize()));
+    OpenDevice& device = openDevice(index);
+    if (device.map >= 0) {
+        // Every feature, past the register cache, from this input's contents.
+        device.worker->readNodes(device.map, device.all, true, true);
     }
     return 0;
 }
