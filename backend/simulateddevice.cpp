@@ -133,7 +133,7 @@ namespace {
 // The deepest nesting the XML parser under Aravis reads; deeper elements it drops in silence.
 constexpr int kMaxXmlDepth = 256;
 
-// The offset of the first byte that is not part of a valid UTF-8 sequence, or -1.
+// The offset of the first byte outside any valid UTF-8 sequence, or -1.
 int firstInvalidUtf8(const QByteArray& text)
 {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text.constData());

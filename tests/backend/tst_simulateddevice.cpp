@@ -83,7 +83,7 @@ void tst_SimulatedDevice::shouldRefuseNestingDeeperThanTheParserReads()
     // Deep, but within reach: every feature is there.
     SimulatedDevice deep(nested(250), QStringLiteral("deep"));
     QVERIFY(arv_gc_get_node(deep.genicam(), "Deep") != nullptr);
-    // Deeper than the parser reads: the file is refused with the reason, never read in part.
+    // Deeper than the parser reads: the file is refused with the reason, never half read.
     const QString refused = thrownText<InvalidArgumentException>(
         [&] { SimulatedDevice(nested(300), QStringLiteral("deeper")); });
     QVERIFY2(refused.startsWith(QStringLiteral("[deeper] elements are nested more than 256 deep")),
