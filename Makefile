@@ -35,21 +35,36 @@ sanitize: setup
 	    LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
 	    ctest --output-on-failure -j $(JOBS)
 
-# Every fuzz target for FUZZ_SECONDS each, from the seeds in fuzz/corpus; new inputs stay in
-# build-fuzz/corpus.
+# Every fuzz target for FUZZ_SECONDS each, from the seeds in fuzz/corpus (and, for camera
+# descriptions, the vendor files of $(SHARED_DIR)/genicam when present, read where they lie);
+# new inputs stay in build-fuzz/corpus. An input that runs longer than FUZZ_TIMEOUT seconds is
+# reported as a hang; FUZZ_MAX_LEN leaves room for deeply nested descriptions.
 FUZZ_SECONDS ?= 30
+FUZZ_TIMEOUT ?= 10
+FUZZ_MAX_LEN ?= 1048576
+SHARED_DIR ?= $(CURDIR)/../shared
+FUZZ_TARGETS = displaynamecache nodemapfilter genicamxml registercontents writesandpolls
 fuzz: setup
 	@cmake -S . -B build-fuzz -DNODESCOPE_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-	    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DBUILD_TESTING=OFF
-	@cmake --build build-fuzz -j $(JOBS) --target fuzz_displaynamecache fuzz_nodemapfilter fuzz_genicamxml
-	@mkdir -p build-fuzz/corpus/displaynamecache build-fuzz/corpus/nodemapfilter build-fuzz/corpus/genicamxml
+	    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DBUILD_TESTING=OFF \
+	    -DNODESCOPE_SHARED_DIR=$(SHARED_DIR)
+	@cmake --build build-fuzz -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
+	@for t in $(FUZZ_TARGETS); do mkdir -p build-fuzz/corpus/$$t; done
 	@cp fuzz/corpus/displaynamecache/* build-fuzz/corpus/displaynamecache/
 	@cp fuzz/corpus/nodemapfilter/* build-fuzz/corpus/nodemapfilter/
+	@cp fuzz/corpus/registercontents/* build-fuzz/corpus/registercontents/
+	@cp fuzz/corpus/writesandpolls/* build-fuzz/corpus/writesandpolls/
 	@cp tests/backend/data/*.xml tests/nodescope/data/*.xml build-fuzz/corpus/genicamxml/
-	@for t in displaynamecache nodemapfilter genicamxml; do \
+	@for t in $(FUZZ_TARGETS); do \
 	    echo "== fuzz_$$t"; \
+	    seeds=""; dict=""; \
+	    if [ $$t = genicamxml ]; then \
+	        dict="-dict=fuzz/genicam.dict"; \
+	        [ -d "$(SHARED_DIR)/genicam" ] && seeds="$(SHARED_DIR)/genicam"; \
+	    fi; \
 	    QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 build-fuzz/fuzz/fuzz_$$t \
-	        -max_total_time=$(FUZZ_SECONDS) -max_len=65536 build-fuzz/corpus/$$t || exit 1; \
+	        -max_total_time=$(FUZZ_SECONDS) -timeout=$(FUZZ_TIMEOUT) -max_len=$(FUZZ_MAX_LEN) \
+	        -rss_limit_mb=4096 $$dict build-fuzz/corpus/$$t $$seeds || exit 1; \
 	done
 
 # Every benchmark executable, and nothing else that CMake leaves in the folder.

@@ -21,6 +21,10 @@ DeviceParameterCollection::DeviceParameterCollection(const QString& name, QObjec
     qRegisterMetaType<ParameterDataPtr>();
     qRegisterMetaType<ParameterCollection::Exception::Kind>();
     m_thread->setObjectName(QStringLiteral("device:") + name);
+    // Aravis evaluates a chain of links by recursion, a few hundred bytes a link, and a
+    // description may chain as many nodes as it likes. The stack is only address space until
+    // it is used.
+    m_thread->setStackSize(kDeviceThreadStackBytes);
     m_worker = new DeviceWorker;
     m_worker->moveToThread(m_thread);
     connect(m_worker, &DeviceWorker::published, this, &DeviceParameterCollection::onPublished);

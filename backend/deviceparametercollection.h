@@ -23,6 +23,9 @@ class SimulatedDevice;
 class DeviceParameterCollection : public ParameterCollection::IParameterCollection {
     Q_OBJECT
 public:
+    // The device thread's stack: deep enough for a chain of a million links.
+    static constexpr uint kDeviceThreadStackBytes = 1024u * 1024u * 1024u;
+
     explicit DeviceParameterCollection(const QString& name, QObject* parent = nullptr);
     ~DeviceParameterCollection() override;
 

@@ -2,8 +2,10 @@
 
 #include "deviceworker.h"
 
+#include "arithmeticguard.h"
 #include "devicelogic.h"
 #include "errormapping.h"
+#include "evaluationmemo.h"
 #include "nodemapgraph.h"
 #include "nodereader.h"
 #include "simulateddevice.h"
@@ -13,6 +15,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <climits>
 #include <numeric>
 
 using namespace ParameterCollection;
@@ -45,6 +48,8 @@ static void onControlLost(ArvDevice*, gpointer userData)
 
 DeviceWorker::DeviceWorker(QObject* parent) : QObject(parent)
 {
+    ArithmeticGuard::install();
+    EvaluationMemo::install();
     m_commandTimer = new QTimer(this);
     m_commandTimer->setInterval(20);
     connect(m_commandTimer, &QTimer::timeout, this, [this] {
@@ -113,6 +118,20 @@ int DeviceWorker::attachDevice(const QString& nodeMapName, ArvDevice* device, QS
         *error = QStringLiteral("[%1] the device has no GenICam description").arg(nodeMapName);
         return -1;
     }
+    // A camera's own description gets the checks a file gets: Aravis has already parsed it,
+    // but drops what lies deeper than its parser reads without a word.
+    size_t size = 0;
+    const char* xml = arv_device_get_genicam_xml(device, &size);
+    if (xml != nullptr) {
+        try {
+            cleanGenICamXml(QByteArray::fromRawData(xml, int(qMin<size_t>(size, INT_MAX))),
+                            nodeMapName);
+        } catch (const Exception& e) {
+            g_object_unref(device);
+            *error = e.text();
+            return -1;
+        }
+    }
     arv_device_set_register_cache_policy(device, ARV_REGISTER_CACHE_POLICY_ENABLE);
     map->controlLostHandler =
         g_signal_connect(device, "control-lost", G_CALLBACK(onControlLost), this);
@@ -171,6 +190,14 @@ QSharedPointer<ParameterData> DeviceWorker::readNode(NodeMap& map, int i, bool* 
         data->errorText = QStringLiteral("The node takes part in a reference cycle");
         return data;
     }
+    if (!info.defect.isEmpty()) {
+        auto data = NodeReader::newData(info);
+        data->accessMode = GenApi::NA;
+        data->implemented = data->available = true;
+        data->errorText = info.defect;
+        data->errorKind = Exception::Range;
+        return data;
+    }
     if (m_lost.load() || *deviceFailed) {
         return lostData(map, i);
     }
@@ -196,6 +223,8 @@ QSharedPointer<ParameterData> DeviceWorker::lostData(const NodeMap& map, int i) 
 
 QVector<int> DeviceWorker::readFresh(NodeMap& map, const QVector<int>& nodes)
 {
+    // Within one batch nothing is written: each computed node is evaluated once.
+    EvaluationMemo memo;
     QVector<int> read;
     QVector<QSharedPointer<ParameterData>> fresh;
     bool deviceFailed = false;
@@ -275,6 +304,11 @@ bool DeviceWorker::writeNode(NodeMap& map, int i, const QVariant& value, QString
                              Exception::Kind* kind, bool* deviceFailed)
 {
     ArvGcFeatureNode* feature = map.nodes[i];
+    if (!map.structure->nodes[i].defect.isEmpty()) {
+        *message = map.structure->nodes[i].defect;
+        *kind = Exception::Range;
+        return false;
+    }
     GError* error = nullptr;
     switch (map.structure->nodes[i].type) {
     case IntegerType:

@@ -11,7 +11,8 @@ NodeMapGraph::NodeMapGraph(int nodeCount)
     : m_evaluates(nodeCount), m_valueTargets(nodeCount), m_valueOwners(nodeCount),
       m_conditions(nodeCount), m_dependents(nodeCount), m_selected(nodeCount),
       m_selectors(nodeCount), m_children(nodeCount), m_ownPollingTime(nodeCount, 0),
-      m_pollingTime(nodeCount, 0), m_listed(nodeCount, 0), m_cyclic(nodeCount, 0)
+      m_pollingTime(nodeCount, 0), m_listed(nodeCount, 0), m_cyclic(nodeCount, 0),
+      m_defectSource(nodeCount, -1)
 {}
 
 void NodeMapGraph::addEvaluation(int node, int target)
@@ -61,6 +62,11 @@ void NodeMapGraph::setOwnPollingTime(int node, int milliseconds)
     m_ownPollingTime[node] = milliseconds;
 }
 
+void NodeMapGraph::addDefect(int node)
+{
+    m_defectSource[node] = node;
+}
+
 void NodeMapGraph::finish()
 {
     for (auto& list : m_dependents) {
@@ -70,6 +76,7 @@ void NodeMapGraph::finish()
     breakCategoryCycles();
     findReferenceCycles();
     taintEvaluatorsOfCycles();
+    taintEvaluatorsOfDefects();
     carryPollingTimes();
 }
 
@@ -178,17 +185,48 @@ void NodeMapGraph::taintEvaluatorsOfCycles()
         }
     }
     // Whoever evaluates a cyclic node can't be evaluated either.
-    QVector<QVector<int>> evaluators(size());
-    for (int i = 0; i < size(); ++i) {
-        for (int target : m_evaluates[i]) {
-            evaluators[target].append(i);
-        }
-    }
+    const QVector<QVector<int>> evaluators = this->evaluators();
     while (!queue.isEmpty()) {
         const int v = queue.takeLast();
         for (int u : evaluators[v]) {
             if (!m_cyclic[u]) {
                 m_cyclic[u] = 1;
+                queue.append(u);
+            }
+        }
+    }
+}
+
+QVector<QVector<int>> NodeMapGraph::evaluators() const
+{
+    QVector<QVector<int>> result(size());
+    for (int i = 0; i < size(); ++i) {
+        for (int target : m_evaluates[i]) {
+            result[target].append(i);
+        }
+    }
+    return result;
+}
+
+void NodeMapGraph::taintEvaluatorsOfDefects()
+{
+    // Evaluating anything above a defective node would hand the defect to Aravis; each node
+    // remembers the first defect found below it, breadth first, so each is visited once.
+    QVector<int> queue;
+    for (int i = 0; i < size(); ++i) {
+        if (m_defectSource[i] == i) {
+            queue.append(i);
+        }
+    }
+    if (queue.isEmpty()) {
+        return;
+    }
+    const QVector<QVector<int>> evaluators = this->evaluators();
+    for (int k = 0; k < queue.size(); ++k) {
+        const int v = queue[k];
+        for (int u : evaluators[v]) {
+            if (m_defectSource[u] < 0) {
+                m_defectSource[u] = m_defectSource[v];
                 queue.append(u);
             }
         }

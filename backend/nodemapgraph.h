@@ -37,6 +37,8 @@ public:
     void addInvalidator(int node, int invalidator);
     void addCategoryChild(int category, int child);
     void setOwnPollingTime(int node, int milliseconds);
+    // The node's own definition is absurd: neither it nor whoever evaluates it is evaluated.
+    void addDefect(int node);
 
     // Derives everything below from the links. Call once, after the last link.
     void finish();
@@ -47,6 +49,8 @@ public:
     bool isListed(int node) const { return m_listed[node] != 0; }
     // The node takes part in a reference cycle or evaluates one that does.
     bool isCyclic(int node) const { return m_cyclic[node] != 0; }
+    // The defective node that `node` is, or evaluates through its links; -1 when none.
+    int defectSource(int node) const { return m_defectSource[node]; }
     // The shortest PollingTime on the node's pValue chain; 0 when none.
     int pollingTime(int node) const { return m_pollingTime[node]; }
     const QVector<int>& valueTargets(int node) const { return m_valueTargets[node]; }
@@ -66,6 +70,8 @@ private:
     void visitCategory(int root, QVector<char>& state);
     void findReferenceCycles();
     void taintEvaluatorsOfCycles();
+    void taintEvaluatorsOfDefects();
+    QVector<QVector<int>> evaluators() const;
     void carryPollingTimes();
     void collectOwners(int start, int node, QVector<int>& result, QSet<int>& climbed) const;
 
@@ -81,6 +87,7 @@ private:
     QVector<int> m_pollingTime;
     QVector<char> m_listed;
     QVector<char> m_cyclic;
+    QVector<int> m_defectSource;
     QVector<Problem> m_problems;
 };
 

@@ -32,6 +32,9 @@ struct NodeInfo {
     QVector<int> selectedFeatures;  // pSelected targets
     QVector<int> selectingFeatures; // the selectors of this node
     bool cyclic = false;            // takes part in or depends on a reference cycle
+    // Why the node is never evaluated: its definition, or that of a node it evaluates, is
+    // absurd (a register longer than can be read). Empty for a sound node.
+    QString defect;
 };
 
 // The immutable structure of one node map. Shared between the device thread, which builds

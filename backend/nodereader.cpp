@@ -2,6 +2,7 @@
 
 #include "nodereader.h"
 
+#include "arithmeticguard.h"
 #include "errormapping.h"
 #include "valuetext.h"
 
@@ -91,22 +92,37 @@ QSharedPointer<ParameterData> NodeReader::neverRead(ArvGcFeatureNode* feature, c
 
 QSharedPointer<ParameterData> NodeReader::read()
 {
+    const unsigned overflows = ArithmeticGuard::overflowCount();
     auto data = newData(m_info);
-    if (!readConditions(*data)) {
-        if (data->hasError()) {
-            readAccess(*data);
-            data->readable = data->writable = false;
+    readChecked(*data);
+    if (ArithmeticGuard::overflowCount() != overflows && !m_deviceFailed) {
+        // The value came out of a division that wrapped: no number the device holds.
+        data->readable = false;
+        data->value = QVariant();
+        data->displayText.clear();
+        data->errorText = QStringLiteral("A formula divides the lowest 64-bit integer by -1, "
+                                         "whose result does not fit in 64 bits");
+        data->errorKind = Exception::Range;
+    }
+    return data;
+}
+
+void NodeReader::readChecked(ParameterData& data)
+{
+    if (!readConditions(data)) {
+        if (data.hasError()) {
+            readAccess(data);
+            data.readable = data.writable = false;
         }
-        return data;
+        return;
     }
     if (m_info.type == CategoryType) {
-        data->readable = true;
-        data->accessMode = GenApi::RO;
-        return data;
+        data.readable = true;
+        data.accessMode = GenApi::RO;
+        return;
     }
-    readAccess(*data);
-    readValue(*data);
-    return data;
+    readAccess(data);
+    readValue(data);
 }
 
 bool NodeReader::readConditions(ParameterData& data)
@@ -172,6 +188,20 @@ void NodeReader::readValue(ParameterData& data)
         // value can't be read (a write-only feature).
         readLimits(data);
         return;
+    }
+    if (m_info.type != RegisterType && ARV_IS_GC_REGISTER_NODE(m_feature)) {
+        // A Length taken from another node is only known now; Aravis would allocate it whole.
+        const gint64 length = arv_gc_register_get_length(ARV_GC_REGISTER(m_feature), &m_error);
+        if (failed(data)) {
+            return;
+        }
+        if (length < 0 || length > kMaxRegisterRead) {
+            data.readable = false;
+            data.errorText =
+                QStringLiteral("The register is too long to read (%1 bytes)").arg(length);
+            data.errorKind = Exception::Range;
+            return;
+        }
     }
     switch (m_info.type) {
     case IntegerType:

@@ -44,6 +44,7 @@ public:
     static constexpr qint64 kMaxRegisterRead = 16 * 1024 * 1024;
 
 private:
+    void readChecked(ParameterCollection::ParameterData& data);
     bool readConditions(ParameterCollection::ParameterData& data);
     void readAccess(ParameterCollection::ParameterData& data);
     bool commandTargetReadable() const;

@@ -128,6 +128,81 @@ static void vnt_sim_device_class_init(VntSimDeviceClass* klass)
 
 namespace Backend {
 
+namespace {
+
+// The deepest nesting the XML parser under Aravis reads; deeper elements it drops in silence.
+constexpr int kMaxXmlDepth = 256;
+
+// The offset of the first byte outside any valid UTF-8 sequence, or -1.
+int firstInvalidUtf8(const QByteArray& text)
+{
+    const auto* bytes = reinterpret_cast<const unsigned char*>(text.constData());
+    const int n = text.size();
+    for (int i = 0; i < n;) {
+        const unsigned char c = bytes[i];
+        int extra = 0;
+        unsigned minimum = 0;
+        unsigned code = 0;
+        if (c < 0x80) {
+            ++i;
+            continue;
+        } else if (c >= 0xC2 && c <= 0xDF) {
+            extra = 1, minimum = 0x80, code = c & 0x1F;
+        } else if (c >= 0xE0 && c <= 0xEF) {
+            extra = 2, minimum = 0x800, code = c & 0x0F;
+        } else if (c >= 0xF0 && c <= 0xF4) {
+            extra = 3, minimum = 0x10000, code = c & 0x07;
+        } else {
+            return i;
+        }
+        for (int k = 1; k <= extra; ++k) {
+            if (i + k >= n || (bytes[i + k] & 0xC0) != 0x80) {
+                return i;
+            }
+            code = (code << 6) | (bytes[i + k] & 0x3F);
+        }
+        if (code < minimum || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
+            return i;
+        }
+        i += extra + 1;
+    }
+    return -1;
+}
+
+// Whether the declaration leaves the encoding to UTF-8, XML's default.
+bool declaresUtf8(const QByteArray& xml)
+{
+    if (!xml.startsWith("<?xml")) {
+        return true;
+    }
+    const QByteArray declaration = xml.left(xml.indexOf("?>")).toLower();
+    const int at = declaration.indexOf("encoding");
+    if (at < 0) {
+        return true;
+    }
+    const QByteArray rest = declaration.mid(at);
+    return rest.contains("utf-8") || rest.contains("utf8");
+}
+
+// Line and column (in characters, from 1) of a byte offset in UTF-8 text.
+QString positionOf(const QByteArray& text, int offset)
+{
+    int line = 1;
+    int column = 1;
+    for (int i = 0; i < offset; ++i) {
+        const unsigned char c = static_cast<unsigned char>(text[i]);
+        if (c == '\n') {
+            ++line;
+            column = 1;
+        } else if ((c & 0xC0) != 0x80) {
+            ++column;
+        }
+    }
+    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+}
+
+} // namespace
+
 QByteArray cleanGenICamXml(const QByteArray& raw, const QString& name)
 {
     QByteArray xml = raw;
@@ -143,12 +218,36 @@ QByteArray cleanGenICamXml(const QByteArray& raw, const QString& name)
         xml = xml.mid(firstTag);
     }
 
+    // The stream reader below finds a bad byte only a buffer later, and names a wrong place.
+    if (declaresUtf8(xml)) {
+        const int bad = firstInvalidUtf8(xml);
+        if (bad >= 0) {
+            throw InvalidArgumentException(
+                name, QStringLiteral("the file is not valid UTF-8: byte 0x%1 at %2")
+                          .arg(uint(static_cast<unsigned char>(xml[bad])), 2, 16, QLatin1Char('0'))
+                          .arg(positionOf(xml, bad)));
+        }
+    }
+
     QXmlStreamReader reader(xml);
     QString rootName;
+    int depth = 0;
     while (!reader.atEnd()) {
         reader.readNext();
-        if (reader.isStartElement() && rootName.isEmpty()) {
-            rootName = reader.name().toString();
+        if (reader.isStartElement()) {
+            if (rootName.isEmpty()) {
+                rootName = reader.name().toString();
+            }
+            if (++depth > kMaxXmlDepth) {
+                // Aravis would read the file without the deeper features, and say nothing.
+                throw InvalidArgumentException(
+                    name, QStringLiteral("elements are nested more than %1 deep (line %2), "
+                                         "deeper than the XML parser reads")
+                              .arg(kMaxXmlDepth)
+                              .arg(reader.lineNumber()));
+            }
+        } else if (reader.isEndElement()) {
+            --depth;
         }
     }
     if (reader.hasError()) {

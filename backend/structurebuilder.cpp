@@ -2,6 +2,8 @@
 
 #include "structurebuilder.h"
 
+#include "nodereader.h"
+
 #include <QHash>
 
 using namespace ParameterCollection;
@@ -107,6 +109,7 @@ StructureBuilder::Result StructureBuilder::build()
         link(i, ARV_DOM_NODE(m_result.nodes[i]));
         linkStructEntry(i);
         linkCategory(i);
+        checkDefinition(i);
         const QVector<int>& targets = m_result.graph.valueTargets(i);
         if (m_structure->nodes[i].type == CommandType && !targets.isEmpty()) {
             m_result.commandTargets[i] = ARV_GC_NODE(m_result.nodes[targets.first()]);
@@ -190,7 +193,10 @@ void StructureBuilder::describeNumber(int node)
         default:
             info.displayNotation = FloatParameterData::Automatic;
         }
-        info.displayPrecision = int(arv_gc_float_get_display_precision(number));
+        // A description may declare any precision: more digits than a double holds mean
+        // nothing, and a count in the billions would cost seconds and gigabytes per value.
+        info.displayPrecision =
+            int(qBound<gint64>(0, arv_gc_float_get_display_precision(number), 17));
     }
 }
 
@@ -274,12 +280,51 @@ void StructureBuilder::linkCategory(int node)
     if (m_structure->nodes[node].type != CategoryType) {
         return;
     }
-    for (const GSList* it = arv_gc_category_get_features(ARV_GC_CATEGORY(m_result.nodes[node]));
-         it != nullptr; it = it->next) {
-        const int child =
-            m_structure->indexOf(QString::fromUtf8(static_cast<const char*>(it->data)));
-        if (child >= 0) {
-            m_result.graph.addCategoryChild(node, child);
+    // The pFeature links as Aravis reads them, but straight from the document: Aravis's own
+    // feature list appends each name at the end of a singly linked list, n^2/2 steps for a
+    // category of n features.
+    for (ArvDomNode* child = arv_dom_node_get_first_child(ARV_DOM_NODE(m_result.nodes[node]));
+         child != nullptr; child = arv_dom_node_get_next_sibling(child)) {
+        if (!ARV_IS_GC_PROPERTY_NODE(child) ||
+            arv_gc_property_node_get_node_type(ARV_GC_PROPERTY_NODE(child)) !=
+                ARV_GC_PROPERTY_NODE_TYPE_P_FEATURE) {
+            continue;
+        }
+        const int feature =
+            indexOf(arv_gc_property_node_get_linked_node(ARV_GC_PROPERTY_NODE(child)));
+        if (feature >= 0) {
+            m_result.graph.addCategoryChild(node, feature);
+        }
+    }
+}
+
+void StructureBuilder::checkDefinition(int node)
+{
+    // Aravis allocates a register's whole Length before it reads: a negative or absurd one
+    // aborts the process or takes seconds and gigabytes. A literal Length is checked here,
+    // before anything is evaluated; one taken from another node is checked when read.
+    ArvGcFeatureNode* feature = m_result.nodes[node];
+    if (!ARV_IS_GC_REGISTER_NODE(feature)) {
+        return;
+    }
+    for (ArvDomNode* child = arv_dom_node_get_first_child(ARV_DOM_NODE(feature)); child != nullptr;
+         child = arv_dom_node_get_next_sibling(child)) {
+        if (!ARV_IS_GC_PROPERTY_NODE(child) ||
+            arv_gc_property_node_get_node_type(ARV_GC_PROPERTY_NODE(child)) !=
+                ARV_GC_PROPERTY_NODE_TYPE_LENGTH) {
+            continue;
+        }
+        const QByteArray text =
+            QByteArray(arv_gc_property_node_get_string(ARV_GC_PROPERTY_NODE(child), nullptr))
+                .trimmed();
+        bool ok = false;
+        const qint64 length = text.toLongLong(&ok, 0);
+        if (!ok || length < 0 || length > NodeReader::kMaxRegisterRead) {
+            m_defects.insert(node, QStringLiteral("Its Length %1 is not a length that can be "
+                                                  "read (0 to %2 bytes)")
+                                       .arg(QString::fromUtf8(text))
+                                       .arg(NodeReader::kMaxRegisterRead));
+            m_result.graph.addDefect(node);
         }
     }
 }
@@ -294,6 +339,13 @@ void StructureBuilder::publishGraph()
         info.pollingTime = graph.pollingTime(i);
         info.selectedFeatures = graph.selected(i);
         info.selectingFeatures = graph.selectors(i);
+        const int defect = graph.defectSource(i);
+        if (defect == i) {
+            info.defect = m_defects.value(i);
+        } else if (defect >= 0) {
+            info.defect = QStringLiteral("It evaluates %1, whose definition can't be used: %2")
+                              .arg(m_structure->nodes[defect].featureName, m_defects.value(defect));
+        }
     }
     auto nameOf = [this](int node) { return m_structure->nodes[node].featureName; };
     for (const NodeMapGraph::Problem& p : graph.problems()) {

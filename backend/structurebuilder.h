@@ -3,6 +3,7 @@
 #include "nodemapgraph.h"
 #include "nodemapstructure.h"
 
+#include <QHash>
 #include <QVector>
 
 #include <memory>
@@ -42,12 +43,14 @@ private:
     void linkProperty(int node, ArvDomNode* parent, ArvDomNode* property);
     void linkStructEntry(int node);
     void linkCategory(int node);
+    void checkDefinition(int node);
     int indexOf(ArvGcNode* node) const;
     void publishGraph();
 
     ArvGc* m_genicam; // not owned
     Result m_result;
     NodeMapStructure* m_structure = nullptr;
+    QHash<int, QString> m_defects; // node: why its own definition can't be evaluated
 };
 
 } // namespace Backend

@@ -78,6 +78,10 @@ private Q_SLOTS:
     void shouldNotEvaluateReferenceCycles();
     void shouldAnnounceEachAttachedNodeMap();
     void shouldWriteRegisterBytesAndRefuseAnyOtherLength();
+    void shouldTurnEachAbsurdDefinitionIntoAnErrorOfItsOwn();
+    void shouldFinishAnOverflowingDivisionAsAnError();
+    void shouldWalkCategoriesNestedAHundredThousandDeep();
+    void shouldEvaluateLongChainsOnTheDeviceThread();
     void shouldMarkEveryValueLostAndTellEveryViewWhenTheDeviceGoes();
 };
 
@@ -527,6 +531,117 @@ void tst_DeviceParameterCollection::shouldMarkEveryValueLostAndTellEveryViewWhen
     c->waitForDevice();
     QVERIFY(width->getParameterData()->deviceLost);
     QCOMPARE(width->getParameterData()->value.toLongLong(), 1024);
+}
+
+void tst_DeviceParameterCollection::shouldTurnEachAbsurdDefinitionIntoAnErrorOfItsOwn()
+{
+    DeviceParameterCollection c(QStringLiteral("hostile"));
+    c.attachSimulated(QStringLiteral("CameraDevice"), testData(QStringLiteral("hostile.xml")));
+    auto dataOf = [&c](const char* name) {
+        return c.getParameter(QStringLiteral("@CameraDevice/") + QLatin1String(name))
+            ->getParameterData();
+    };
+    // The rest of the camera is there.
+    QCOMPARE(dataOf("Fine")->value.toLongLong(), 42);
+    // A Length that is negative, past 64 bits or gigabytes long is the register's own error,
+    // and never evaluated; so is whatever reads through it.
+    for (const char* name : {"NegativeLength", "HugeLength", "FourGigaLength", "HugeIntReg"}) {
+        const auto data = dataOf(name);
+        QVERIFY2(!data->readable, name);
+        QVERIFY2(data->errorText.contains(QStringLiteral("Length")), name);
+        QCOMPARE(data->errorKind, Exception::Range);
+    }
+    QVERIFY(dataOf("HugeLength")->errorText.contains(QStringLiteral("0xFFFFFFFFFFFFFFFF")));
+    const auto through = dataOf("ThroughHugeIntReg");
+    QVERIFY(!through->readable);
+    QVERIFY2(through->errorText.contains(QStringLiteral("HugeIntReg")),
+             qPrintable(through->errorText));
+    // A Length that another node gives is checked when it is read.
+    QVERIFY(dataOf("PointedLength")->errorText.contains(QStringLiteral("-4096 bytes")));
+    // A write never reaches such a node.
+    QCOMPARE(thrownText<AccessException>([&] {
+                 c.getParameter(QStringLiteral("@CameraDevice/HugeLength"))
+                     ->setValue(QByteArray(4, '\0'));
+             }).left(13),
+             QStringLiteral("[HugeLength] "));
+    // A precision past what a double holds shows what a double holds.
+    for (const char* name :
+         {"WidePrecision", "NaNPrecision", "GigaPrecision", "NegativePrecision"}) {
+        const auto data = dataOf(name).staticCast<const FloatParameterData>();
+        QVERIFY2(data->readable, name);
+        QVERIFY2(data->displayPrecision >= 0 && data->displayPrecision <= 17, name);
+        QVERIFY2(data->displayText.size() < 30, qPrintable(data->displayText));
+    }
+    QCOMPARE(dataOf("WidePrecision")->value.toDouble(), 1.5);
+}
+
+void tst_DeviceParameterCollection::shouldFinishAnOverflowingDivisionAsAnError()
+{
+    DeviceParameterCollection c(QStringLiteral("hostile"));
+    c.attachSimulated(QStringLiteral("CameraDevice"), testData(QStringLiteral("hostile.xml")));
+    for (const char* name : {"MinDivMinusOne", "MinModMinusOne", "MinDivMinusOneFloat"}) {
+        const auto data = c.getParameter(QStringLiteral("@CameraDevice/") + QLatin1String(name))
+                              ->getParameterData();
+        QVERIFY2(!data->readable, name);
+        QVERIFY2(!data->value.isValid(), name);
+        QVERIFY2(data->errorText.contains(QStringLiteral("does not fit in 64 bits")), name);
+    }
+    // Reading again does the same, and the collection goes on answering.
+    c.refresh();
+    c.waitForDevice();
+    QVERIFY(c.getParameter(QStringLiteral("@CameraDevice/MinDivMinusOne"))
+                ->getParameterData()
+                ->hasError());
+    QCOMPARE(valueOf(c, QStringLiteral("@CameraDevice/Fine")).toLongLong(), 42);
+}
+
+void tst_DeviceParameterCollection::shouldWalkCategoriesNestedAHundredThousandDeep()
+{
+    const int depth = 100000;
+    QByteArray body = "<Category Name=\"Root\"><pFeature>K0</pFeature></Category>\n";
+    for (int i = 0; i < depth - 1; ++i) {
+        body += "<Category Name=\"K" + QByteArray::number(i) + "\"><pFeature>K" +
+                QByteArray::number(i + 1) + "</pFeature></Category>\n";
+    }
+    body += "<Category Name=\"K" + QByteArray::number(depth - 1) +
+            "\"><pFeature>Leaf</pFeature></Category>\n<Integer "
+            "Name=\"Leaf\"><Value>5</Value></Integer>\n";
+    DeviceParameterCollection c(QStringLiteral("deep"));
+    c.attachSimulated(QStringLiteral("CameraDevice"), describedAs(body));
+    QString name = QStringLiteral("@CameraDevice/Root");
+    int levels = 0;
+    for (QStringList children = c.getChildren(name); !children.isEmpty();
+         children = c.getChildren(name)) {
+        name = children.first();
+        ++levels;
+    }
+    QCOMPARE(levels, depth + 1);
+    QCOMPARE(name, QStringLiteral("@CameraDevice/Leaf"));
+    QCOMPARE(valueOf(c, name).toLongLong(), 5);
+}
+
+void tst_DeviceParameterCollection::shouldEvaluateLongChainsOnTheDeviceThread()
+{
+    // Aravis recurses once per link: these chains are longer than a default thread stack holds,
+    // and each node of them is read, so that a cost per link that grows shows as minutes.
+    const int length = 100000;
+    QByteArray body = "<Category Name=\"Root\"><pFeature>Head</pFeature><pFeature>Knife0</pFeature>"
+                      "</Category>\n<Integer Name=\"Head\"><pValue>C0</pValue></Integer>\n";
+    for (int i = 0; i < length; ++i) {
+        const QByteArray next = i + 1 < length ? "C" + QByteArray::number(i + 1) : "End";
+        body += "<Integer Name=\"C" + QByteArray::number(i) + "\"><pValue>" + next +
+                "</pValue></Integer>\n";
+        const QByteArray knifeNext = i + 1 < length ? "Knife" + QByteArray::number(i + 1) : "End";
+        body += "<IntSwissKnife Name=\"Knife" + QByteArray::number(i) +
+                "\"><pVariable Name=\"X\">" + knifeNext +
+                "</pVariable><Formula>X+1</Formula>"
+                "</IntSwissKnife>\n";
+    }
+    body += "<Integer Name=\"End\"><Value>7</Value></Integer>\n";
+    DeviceParameterCollection c(QStringLiteral("chain"));
+    c.attachSimulated(QStringLiteral("CameraDevice"), describedAs(body));
+    QCOMPARE(valueOf(c, QStringLiteral("@CameraDevice/Head")).toLongLong(), 7);
+    QCOMPARE(valueOf(c, QStringLiteral("@CameraDevice/Knife0")).toLongLong(), 7 + length);
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceParameterCollection)

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void shouldBreakCategoryCyclesWhereTheyClose();
     void shouldNotLetACategoryContainItself();
     void shouldTaintReferenceCyclesAndWhoeverEvaluatesThem();
+    void shouldTraceEveryEvaluatorOfADefectToIt();
     void shouldCarryTheShortestPollingTimeUpThePValueChain();
     void shouldCloseAWriteOverValueTargetsAndDependents();
     void shouldMakeSelectedFeaturesDependOnTheirSelector();
@@ -54,6 +55,28 @@ void tst_NodeMapGraph::shouldBreakCategoryCyclesWhereTheyClose()
     QCOMPARE(graph.problems().at(0).other, int(A));
     QVERIFY(graph.isListed(Leaf));
     QVERIFY(!graph.isListed(Root));
+}
+
+void tst_NodeMapGraph::shouldTraceEveryEvaluatorOfADefectToIt()
+{
+    // Given Feature -> Converter -> Register (defective), Other -> Sound, and Limit read as
+    // the availability of Feature
+    enum { Feature, Converter, Register, Other, Sound, Limit, Count };
+    NodeMapGraph graph(Count);
+    graph.addValueTarget(Feature, Converter);
+    graph.addEvaluation(Converter, Register);
+    graph.addValueTarget(Other, Sound);
+    graph.addCondition(Limit, Condition::Available, Feature);
+    graph.addDefect(Register);
+    // When
+    graph.finish();
+    // Then whoever evaluates the register, however far up, names it; nothing else does
+    QCOMPARE(graph.defectSource(Register), int(Register));
+    QCOMPARE(graph.defectSource(Converter), int(Register));
+    QCOMPARE(graph.defectSource(Feature), int(Register));
+    QCOMPARE(graph.defectSource(Limit), int(Register));
+    QCOMPARE(graph.defectSource(Other), -1);
+    QCOMPARE(graph.defectSource(Sound), -1);
 }
 
 void tst_NodeMapGraph::shouldNotLetACategoryContainItself()

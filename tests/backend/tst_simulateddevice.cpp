@@ -9,6 +9,7 @@
 
 using Backend::SimulatedDevice;
 using ParameterCollection::Exception;
+using ParameterCollection::InvalidArgumentException;
 
 class tst_SimulatedDevice : public QObject {
     Q_OBJECT
@@ -16,6 +17,8 @@ private Q_SLOTS:
     void shouldRejectTextThatIsNotXml();
     void shouldRejectXmlThatIsNotGenICam();
     void shouldLoadDescriptionWithJunkBeforeDeclaration();
+    void shouldReportAnInvalidByteAtItsLineAndColumn();
+    void shouldRefuseNestingDeeperThanTheParserReads();
     void shouldApplyDefaultsThroughFeatures();
     void shouldReportDefaultsItCannotApply();
     void shouldServeMemoryAndCountReads();
@@ -53,6 +56,38 @@ void tst_SimulatedDevice::shouldLoadDescriptionWithJunkBeforeDeclaration()
     SimulatedDevice device(testData("junkprefix.xml"), QStringLiteral("junk"));
     QVERIFY(arv_gc_get_node(device.genicam(), "Width") != nullptr);
     QVERIFY(device.xml().startsWith("<?xml"));
+}
+
+void tst_SimulatedDevice::shouldReportAnInvalidByteAtItsLineAndColumn()
+{
+    // Line 20 of the file: a byte 0xFF after ten characters.
+    QCOMPARE(thrownText<InvalidArgumentException>(
+                 [] { SimulatedDevice(testData("invalidutf8.xml"), QStringLiteral("bad")); }),
+             QStringLiteral("[bad] the file is not valid UTF-8: byte 0xff at line 20, column 11"));
+    // A character of several bytes before it counts once.
+    QByteArray text = testData("minimal.xml");
+    text.replace("Smallest useful camera", "Smallest \xC3\xA9 \xE2\x82\xAC\xFE");
+    QVERIFY(thrownText<InvalidArgumentException>([&] {
+                SimulatedDevice(text, QStringLiteral("b"));
+            }).endsWith(QStringLiteral("byte 0xfe at line 2, column 82")));
+}
+
+void tst_SimulatedDevice::shouldRefuseNestingDeeperThanTheParserReads()
+{
+    auto nested = [](int groups) {
+        return describedAs("<Category Name=\"Root\"><pFeature>Deep</pFeature></Category>\n" +
+                           QByteArray("<Group Comment=\"g\">").repeated(groups) +
+                           "<Integer Name=\"Deep\"><Value>2</Value></Integer>" +
+                           QByteArray("</Group>").repeated(groups) + "\n");
+    };
+    // Deep, but within reach: every feature is there.
+    SimulatedDevice deep(nested(250), QStringLiteral("deep"));
+    QVERIFY(arv_gc_get_node(deep.genicam(), "Deep") != nullptr);
+    // Deeper than the parser reads: the file is refused with the reason, never half read.
+    const QString refused = thrownText<InvalidArgumentException>(
+        [&] { SimulatedDevice(nested(300), QStringLiteral("deeper")); });
+    QVERIFY2(refused.startsWith(QStringLiteral("[deeper] elements are nested more than 256 deep")),
+             qPrintable(refused));
 }
 
 void tst_SimulatedDevice::shouldApplyDefaultsThroughFeatures()
