@@ -139,17 +139,4 @@ QString CommandLine::panel() const
     return m_parser.value(m_panel);
 }
 
-bool CommandLine::wantsConsole(int argc, char** argv)
-{
-    for (int i = 1; i < argc; ++i) {
-        const QString arg = QString::fromLocal8Bit(argv[i]);
-        if (arg == QLatin1String("--dump") || arg == QLatin1String("--discover") ||
-            arg == QLatin1String("--help") || arg == QLatin1String("-h") ||
-            arg == QLatin1String("--version") || arg == QLatin1String("-v")) {
-            return true;
-        }
-    }
-    return false;
-}
-
 } // namespace VantoViewer

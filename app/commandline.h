@@ -32,9 +32,6 @@ public:
     QString language() const;
     QString panel() const;
 
-    // Batch modes run without a display; decided before the application object exists.
-    static bool wantsConsole(int argc, char** argv);
-
 private:
     bool fail(const QString& error);
 

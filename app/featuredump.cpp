@@ -100,7 +100,7 @@ int FeatureDump::write(const IParameterCollection& collection)
         writeNode(collection, QLatin1Char('@') + nodeMap + QStringLiteral("/Root"), 1);
     }
     if (m_cut) {
-        m_out << "... the dump stops here: it reached " << MAX_LINES << " lines\n";
+        m_out << "... the dump stops here: it reached " << m_maxLines << " lines\n";
     }
     m_out.flush();
     return m_features;
@@ -178,7 +178,7 @@ void FeatureDump::writeCategory(const IParameterCollection& collection, const IP
 
 bool FeatureDump::writeLine(const QString& line)
 {
-    if (m_cut || m_lines >= MAX_LINES) {
+    if (m_cut || m_lines >= m_maxLines) {
         m_cut = true;
         return false;
     }

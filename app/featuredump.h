@@ -23,7 +23,9 @@ public:
     // Categories deeper than this are named, not expanded; the dump recurses on the stack.
     static constexpr int MAX_DEPTH = 1000;
 
-    explicit FeatureDump(QTextStream& out) : m_out(out) {}
+    explicit FeatureDump(QTextStream& out, int maxLines = MAX_LINES)
+        : m_out(out), m_maxLines(maxLines)
+    {}
 
     // Returns the number of features written (categories not counted).
     int write(const ParameterCollection::IParameterCollection& collection);
@@ -46,6 +48,7 @@ private:
     bool writeLine(const QString& line);
 
     QTextStream& m_out;
+    int m_maxLines;
     int m_features = 0;
     int m_categories = 0;
     int m_errors = 0;
