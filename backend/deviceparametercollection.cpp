@@ -102,7 +102,15 @@ void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QS
         worker,
         [worker, job, result] {
             QString error;
-            const int map = job(*worker, &error);
+            int map = -1;
+            {
+                // Aravis keeps shared state while it builds a node map: an abandoned open that
+                // still runs on its own thread spoils one begun meanwhile on another. Opens take
+                // turns here, off the GUI thread, and stay cancellable while they wait.
+                static QMutex oneAtATime;
+                const QMutexLocker turn(&oneAtATime);
+                map = job(*worker, &error);
+            }
             NodeMapStructurePtr structure;
             QVector<ParameterDataPtr> snapshot;
             if (map >= 0) {
