@@ -41,12 +41,17 @@ FUZZ_SECONDS ?= 30
 fuzz: setup
 	@cmake -S . -B build-fuzz -DNODESCOPE_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DBUILD_TESTING=OFF
-	@cmake --build build-fuzz -j $(JOBS) --target fuzz_displaynamecache fuzz_nodemapfilter fuzz_genicamxml
+	@cmake --build build-fuzz -j $(JOBS) --target fuzz_displaynamecache fuzz_nodemapfilter fuzz_genicamxml \
+	    fuzz_settings fuzz_commandline
 	@mkdir -p build-fuzz/corpus/displaynamecache build-fuzz/corpus/nodemapfilter build-fuzz/corpus/genicamxml
 	@cp fuzz/corpus/displaynamecache/* build-fuzz/corpus/displaynamecache/
 	@cp fuzz/corpus/nodemapfilter/* build-fuzz/corpus/nodemapfilter/
 	@cp tests/backend/data/*.xml tests/nodescope/data/*.xml build-fuzz/corpus/genicamxml/
-	@for t in displaynamecache nodemapfilter genicamxml; do \
+	@mkdir -p build-fuzz/corpus/settings build-fuzz/corpus/commandline
+	@cp fuzz/corpus/settings/* build-fuzz/corpus/settings/
+	@cp fuzz/corpus/commandline/* build-fuzz/corpus/commandline/
+	@for t in displaynamecache nodemapfilter genicamxml \
+	    settings commandline; do \
 	    echo "== fuzz_$$t"; \
 	    QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 build-fuzz/fuzz/fuzz_$$t \
 	        -max_total_time=$(FUZZ_SECONDS) -max_len=65536 build-fuzz/corpus/$$t || exit 1; \

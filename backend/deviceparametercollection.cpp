@@ -218,11 +218,14 @@ void DeviceParameterCollection::waitForAttach(const std::shared_ptr<AttachResult
     if (!done) {
         // The device thread finishes its part on its own; its result goes nowhere.
         m_attachAbandoned = true;
-        throw TimeoutException(m_name,
-                               m_attachCancelled
-                                   ? QStringLiteral("the open was cancelled")
-                                   : QStringLiteral("the camera did not finish opening within %1 s")
-                                         .arg(m_attachTimeoutMs / 1000.0));
+        QString reason = QStringLiteral("the open was interrupted: the application is ending");
+        if (m_attachCancelled) {
+            reason = QStringLiteral("the open was cancelled");
+        } else if (m_attachTimeoutMs > 0 && !timeout.isActive()) {
+            reason = QStringLiteral("the camera did not finish opening within %1 s")
+                         .arg(m_attachTimeoutMs / 1000.0);
+        }
+        throw TimeoutException(m_name, reason);
     }
     if (result->map < 0) {
         throw InvalidArgumentException(m_name, result->error);

@@ -76,6 +76,15 @@ int visibleTreeRows(QDockWidget* dock)
     return view && view->model() ? view->model()->rowCount() : 0;
 }
 
+// The level the default panel keeps between runs.
+int storedPanelLevel(const MainWindow& window)
+{
+    return window.windowService()
+        ->restoreState(Core::CId(MainWindow::DEFAULT_PANEL_ID), QStringLiteral("Visibility"),
+                       QVariant())
+        .toInt();
+}
+
 // Roles of the plug-in's feature tree, part of its contract with views.
 constexpr int FULL_NAME_ROLE = Qt::UserRole + 1;
 constexpr int IS_CATEGORY_ROLE = Qt::UserRole + 5;
@@ -420,11 +429,7 @@ private Q_SLOTS:
         view->expandAll();
         QVERIFY(shownFeatureRows(view, QModelIndex()) > beginnerRows);
         QCOMPARE(m_window->visibility(), GenApi::Guru);
-        QCOMPARE(m_window->windowService()
-                     ->restoreState(Core::CId(MainWindow::DEFAULT_PANEL_ID),
-                                    QStringLiteral("Visibility"), QVariant())
-                     .toInt(),
-                 int(GenApi::Guru));
+        QCOMPARE(storedPanelLevel(*m_window), int(GenApi::Guru));
 
         // And back to Beginner shows the Beginner features again
         toolBar->actionFor(GenApi::Beginner)->trigger();
@@ -730,11 +735,7 @@ private Q_SLOTS:
 
         // Then the panels and the window show Guru, and keep it
         QCOMPARE(m_window->visibility(), GenApi::Guru);
-        QCOMPARE(m_window->windowService()
-                     ->restoreState(Core::CId(MainWindow::DEFAULT_PANEL_ID),
-                                    QStringLiteral("Visibility"), QVariant())
-                     .toInt(),
-                 int(GenApi::Guru));
+        QCOMPARE(storedPanelLevel(*m_window), int(GenApi::Guru));
         m_window->setVisibility(GenApi::Beginner);
     }
 
