@@ -53,14 +53,6 @@ bool CommandLine::parse(const QStringList& arguments)
     if (!m_parser.parse(arguments)) {
         return fail(m_parser.errorText());
     }
-    if (m_parser.isSet(m_help)) {
-        m_mode = Mode::Help;
-        return true;
-    }
-    if (m_parser.isSet(m_version)) {
-        m_mode = Mode::Version;
-        return true;
-    }
     const QStringList files = m_parser.positionalArguments();
     if (files.size() > 1) {
         return fail(QStringLiteral("only one description file can be simulated, %1 were given: %2")
@@ -73,6 +65,14 @@ bool CommandLine::parse(const QStringList& arguments)
     }
     if (!files.isEmpty() && files.first().isEmpty()) {
         return fail(QStringLiteral("the description file name is empty"));
+    }
+    if (m_parser.isSet(m_help)) {
+        m_mode = Mode::Help;
+        return true;
+    }
+    if (m_parser.isSet(m_version)) {
+        m_mode = Mode::Version;
+        return true;
     }
     if (m_parser.isSet(m_simulate) && m_parser.isSet(m_camera)) {
         return fail(QStringLiteral("--simulate and --camera cannot be used together"));

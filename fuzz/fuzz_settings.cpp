@@ -27,9 +27,11 @@ struct Host {
 
 void quiet(QtMsgType, const QMessageLogContext&, const QString&) {}
 
+// Never destroyed: the plug-in's Qt Quick parts have been unloaded by the time static objects
+// would go, and the application object must not outlive them into exit.
 Host& host()
 {
-    static Host instance = [] {
+    static Host* instance = [] {
         static int argc = 1;
         static char name[] = "fuzz_settings";
         static char* argv[] = {name, nullptr};
@@ -44,9 +46,9 @@ Host& host()
             QSettings(QStringLiteral("Vanto"), QStringLiteral("Vanto Viewer")).fileName();
         QDir().mkpath(QFileInfo(h.settingsFile).path());
         h.pool = QSharedPointer<Backend::CameraPool>::create();
-        return h;
+        return new Host(std::move(h));
     }();
-    return instance;
+    return *instance;
 }
 
 } // namespace

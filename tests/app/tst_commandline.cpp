@@ -78,6 +78,9 @@ private Q_SLOTS:
             << QStringList{QStringLiteral("--dump"), QStringLiteral("--screenshot"),
                            QStringLiteral("a.png")}
             << QStringLiteral("--screenshot");
+        QTest::newRow("a stray file after --version")
+            << QStringList{QStringLiteral("--version"), file}
+            << QStringLiteral("only with --simulate");
         QTest::newRow("an empty file name")
             << QStringList{QStringLiteral("--simulate"), QString()} << QStringLiteral("empty");
     }
