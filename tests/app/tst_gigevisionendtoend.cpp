@@ -775,6 +775,38 @@ private Q_SLOTS:
         }
         QCOMPARE(m_pool->getOpenDevices().size(), 0);
     }
+
+    void aCameraThatStopsAsItOpensAndStaysStoppedFailsWithItsReason()
+    {
+        // Given a camera whose process stops 3 ms into the open and stays stopped until the
+        // open has ended (or, should it never end, the user cancels it after 60 s)
+        m_window->featureStatusBar()->clearError();
+        auto resume = qScopeGuard([this] { ::kill(pid_t(m_cameraPid), SIGCONT); });
+        QTimer::singleShot(3, m_window.get(), [this] { ::kill(pid_t(m_cameraPid), SIGSTOP); });
+        QTimer::singleShot(60000, m_pool.data(), [this] { m_pool->cancelOpening(); });
+        Heartbeat heartbeat(5);
+        QElapsedTimer opening;
+        opening.start();
+
+        const auto opened = m_window->openCamera(QStringLiteral("127.0.0.1"));
+
+        // Then it is not listed and the window says why; or, had the open been done within
+        // 3 ms, it is listed healthy with its name
+        const QString error = m_window->featureStatusBar()->errorText();
+        qInfo("camera stopped 3 ms into the open and left stopped: %s after %lld ms (%s); "
+              "longest pause of the event loop %lld ms in %d beats of 5 ms",
+              opened ? "opened" : "not opened", opening.elapsed(), qPrintable(error),
+              heartbeat.longestGapMs(), heartbeat.beats());
+        if (opened) {
+            QVERIFY(!m_pool->getParameterCollection(opened)->isLost());
+            QVERIFY(!opened->getModelName().isEmpty());
+            m_window->closeCamera(opened);
+        } else {
+            QVERIFY2(error.contains(QStringLiteral("127.0.0.1")), qPrintable(error));
+            QCOMPARE(m_window->devicesPane()->devices().size(), 0);
+        }
+        QCOMPARE(m_pool->getOpenDevices().size(), 0);
+    }
 };
 
 QTEST_MAIN(TestGigEVisionEndToEnd)
