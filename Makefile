@@ -43,7 +43,8 @@ FUZZ_SECONDS ?= 30
 FUZZ_TIMEOUT ?= 10
 FUZZ_MAX_LEN ?= 1048576
 SHARED_DIR ?= $(CURDIR)/../shared
-FUZZ_TARGETS = displaynamecache nodemapfilter genicamxml registercontents writesandpolls
+FUZZ_TARGETS = displaynamecache nodemapfilter genicamxml registercontents writesandpolls \
+    settings commandline
 fuzz: setup
 	@cmake -S . -B build-fuzz -DNODESCOPE_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DBUILD_TESTING=OFF \
@@ -54,6 +55,8 @@ fuzz: setup
 	@cp fuzz/corpus/nodemapfilter/* build-fuzz/corpus/nodemapfilter/
 	@cp fuzz/corpus/registercontents/* build-fuzz/corpus/registercontents/
 	@cp fuzz/corpus/writesandpolls/* build-fuzz/corpus/writesandpolls/
+	@cp fuzz/corpus/settings/* build-fuzz/corpus/settings/
+	@cp fuzz/corpus/commandline/* build-fuzz/corpus/commandline/
 	@cp tests/backend/data/*.xml tests/nodescope/data/*.xml build-fuzz/corpus/genicamxml/
 	@for t in $(FUZZ_TARGETS); do \
 	    echo "== fuzz_$$t"; \

@@ -14,9 +14,10 @@ namespace VantoViewer {
 void DumpCommand::settle(ParameterCollection::IParameterCollection& collection)
 {
     // The device thread's news, such as a loss while the camera opened, is still on its way.
-    // A command line tool may wait for it: there is no window to keep alive.
+    // A command line tool may wait for it, there being no window to keep alive, but not for
+    // ever: a stalled device thread does not get there.
     if (auto* device = qobject_cast<Backend::DeviceParameterCollection*>(&collection)) {
-        device->waitForDevice();
+        device->waitForDevice(SETTLE_TIMEOUT_MS);
     }
     QCoreApplication::processEvents();
 }

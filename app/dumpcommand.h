@@ -21,6 +21,8 @@ class DumpCommand {
 public:
     static constexpr int EXIT_OK = 0;
     static constexpr int EXIT_FAILED = 1;
+    // How long the dump waits for the device thread's news before and after printing.
+    static constexpr int SETTLE_TIMEOUT_MS = 10000;
 
     DumpCommand(QTextStream& out, QTextStream& err) : m_out(out), m_err(err) {}
 

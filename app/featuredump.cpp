@@ -89,9 +89,18 @@ int FeatureDump::write(const IParameterCollection& collection)
     m_categories = 0;
     m_errors = 0;
     m_firstLossReason.clear();
+    m_expansions.clear();
+    m_path.clear();
+    m_lines = 0;
+    m_cut = false;
     for (const QString& nodeMap : collection.getNodeMapNames()) {
-        m_out << "@" << nodeMap << "\n";
+        if (!writeLine(QStringLiteral("@") + nodeMap)) {
+            break;
+        }
         writeNode(collection, QLatin1Char('@') + nodeMap + QStringLiteral("/Root"), 1);
+    }
+    if (m_cut) {
+        m_out << "... the dump stops here: it reached " << m_maxLines << " lines\n";
     }
     m_out.flush();
     return m_features;
@@ -105,16 +114,12 @@ void FeatureDump::writeNode(const IParameterCollection& collection, const QStrin
         return;
     }
     const auto data = parameter->getParameterData();
-    const QString indent(2 * depth, QLatin1Char(' '));
     if (data->type == CategoryType) {
-        if (depth > 1) {
-            m_out << indent << parameter->getProperty(QStringLiteral("DisplayName")) << " ("
-                  << parameter->getFeatureName() << ")\n";
-        }
-        ++m_categories;
-        for (const QString& child : collection.getChildren(fullName)) {
-            writeNode(collection, child, depth + 1);
-        }
+        writeCategory(collection, *parameter, fullName, depth);
+        return;
+    }
+    const QString indent(2 * depth, QLatin1Char(' '));
+    if (m_cut) {
         return;
     }
     ++m_features;
@@ -129,9 +134,57 @@ void FeatureDump::writeNode(const IParameterCollection& collection, const QStrin
     if (type.isEmpty()) {
         type = typeCodeName(data->type);
     }
-    m_out << indent << parameter->getProperty(QStringLiteral("DisplayName")) << " ("
-          << parameter->getFeatureName() << ")\t" << type << "\t"
-          << GenApi::accessModeToString(data->accessMode) << "\t" << valueText(*data) << "\n";
+    writeLine(indent + parameter->getProperty(QStringLiteral("DisplayName")) +
+              QStringLiteral(" (") + parameter->getFeatureName() + QStringLiteral(")\t") + type +
+              QLatin1Char('\t') + GenApi::accessModeToString(data->accessMode) + QLatin1Char('\t') +
+              valueText(*data));
+}
+
+void FeatureDump::writeCategory(const IParameterCollection& collection, const IParameter& category,
+                                const QString& fullName, int depth)
+{
+    if (m_cut) {
+        return;
+    }
+    QString line;
+    if (depth > 1) {
+        line = QString(2 * depth, QLatin1Char(' ')) +
+               category.getProperty(QStringLiteral("DisplayName")) + QStringLiteral(" (") +
+               category.getFeatureName() + QLatin1Char(')');
+    }
+    QString note;
+    if (depth > MAX_DEPTH) {
+        note = QStringLiteral("\t<nested deeper than %1 levels: not expanded>").arg(MAX_DEPTH);
+    } else if (m_path.contains(fullName)) {
+        note = QStringLiteral("\t<contains itself: not expanded again>");
+    } else if (m_expansions.value(fullName) >= MAX_EXPANSIONS) {
+        note = QStringLiteral("\t<shared: written in full %1 times above, not again>")
+                   .arg(MAX_EXPANSIONS);
+    }
+    if (!line.isEmpty() && !writeLine(line + note)) {
+        return;
+    }
+    if (!note.isEmpty()) {
+        return;
+    }
+    ++m_expansions[fullName];
+    ++m_categories;
+    m_path.insert(fullName);
+    for (const QString& child : collection.getChildren(fullName)) {
+        writeNode(collection, child, depth + 1);
+    }
+    m_path.remove(fullName);
+}
+
+bool FeatureDump::writeLine(const QString& line)
+{
+    if (m_cut || m_lines >= m_maxLines) {
+        m_cut = true;
+        return false;
+    }
+    ++m_lines;
+    m_out << line << "\n";
+    return true;
 }
 
 } // namespace VantoViewer

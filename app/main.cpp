@@ -1,3 +1,4 @@
+#include "commandline.h"
 #include "dumpcommand.h"
 #include "filledviewwatcher.h"
 #include "hosttranslator.h"
@@ -10,7 +11,6 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QDockWidget>
 #include <QElapsedTimer>
 #include <QFile>
@@ -30,21 +30,9 @@
 namespace {
 
 constexpr int SCREENSHOT_GIVE_UP_MS = 20000;
-
-// Batch modes never need a display, so they run without one.
-bool wantsConsole(int argc, char** argv)
-{
-    for (int i = 1; i < argc; ++i) {
-        const QString arg = QString::fromLocal8Bit(argv[i]);
-        if (arg == QLatin1String("--dump") || arg == QLatin1String("--discover") ||
-            arg == QLatin1String("--help") || arg == QLatin1String("-h") ||
-            arg == QLatin1String("-?") || arg == QLatin1String("--help-all") ||
-            arg == QLatin1String("--version") || arg == QLatin1String("-v")) {
-            return true;
-        }
-    }
-    return false;
-}
+// A camera named on the command line opens before there is a window to cancel from.
+constexpr int COMMAND_LINE_OPEN_TIMEOUT_MS = 30000;
+constexpr int EXIT_USAGE = 2;
 
 // The feature view of a panel: its tree, or its feature table when the panel shows a tab.
 QAbstractItemView* featureViewIn(QDockWidget* dock)
@@ -131,8 +119,16 @@ int main(int argc, char** argv)
 {
     QElapsedTimer sinceMain;
     sinceMain.start();
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    VantoViewer::CommandLine commandLine;
+    const bool understood = commandLine.parse(arguments);
+    using Mode = VantoViewer::CommandLine::Mode;
+    // Batch modes, and a command line not understood, never need a display.
     std::unique_ptr<QCoreApplication> application;
-    if (wantsConsole(argc, argv)) {
+    if (!understood || commandLine.mode() != Mode::Window) {
         application = std::make_unique<QCoreApplication>(argc, argv);
     } else {
         application = std::make_unique<QApplication>(argc, argv);
@@ -149,49 +145,25 @@ int main(int argc, char** argv)
                              QIcon(QStringLiteral(":/vantoviewer/icon.svg"))));
     }
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Vanto Viewer: browse and edit the GenICam features of cameras."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption simulate(
-        QStringLiteral("simulate"),
-        QStringLiteral("Open a simulated camera: the built-in one, or the GenICam description "
-                       "FILE.xml given as argument."));
-    const QCommandLineOption camera(QStringLiteral("camera"),
-                                    QStringLiteral("Open the camera with this id or IP address."),
-                                    QStringLiteral("ID|ADDRESS"));
-    const QCommandLineOption dump(QStringLiteral("dump"),
-                                  QStringLiteral("Print the feature tree with values, then exit."));
-    const QCommandLineOption discover(
-        QStringLiteral("discover"),
-        QStringLiteral("Search every network interface and USB for cameras and list them."));
-    const QCommandLineOption pluginDir(QStringLiteral("plugin-dir"),
-                                       QStringLiteral("Look for plug-ins in DIR first."),
-                                       QStringLiteral("DIR"));
-    const QCommandLineOption screenshot(
-        QStringLiteral("screenshot"),
-        QStringLiteral("Save the window as FILE.png once the features are shown, then exit."),
-        QStringLiteral("FILE.png"));
-    const QCommandLineOption lang(QStringLiteral("lang"),
-                                  QStringLiteral("Language of the user interface (en, ja, ko, "
-                                                 "zh)."),
-                                  QStringLiteral("xx"));
-    const QCommandLineOption panel(
-        QStringLiteral("panel"),
-        QStringLiteral("Show this panel at start, by id (Nodescope.Widget.Basic) or title."),
-        QStringLiteral("PANEL"));
-    parser.addOptions({simulate, camera, dump, discover, pluginDir, screenshot, lang, panel});
-    parser.addPositionalArgument(QStringLiteral("FILE.xml"),
-                                 QStringLiteral("GenICam description for --simulate."),
-                                 QStringLiteral("[FILE.xml]"));
-    parser.process(app);
-
     QTextStream out(stdout);
     QTextStream err(stderr);
+    if (!understood) {
+        err << "vantoviewer: " << commandLine.errorText() << "\n\n" << commandLine.helpText();
+        return EXIT_USAGE;
+    }
+    if (commandLine.mode() == Mode::Help) {
+        out << commandLine.helpText();
+        return 0;
+    }
+    if (commandLine.mode() == Mode::Version) {
+        out << QCoreApplication::applicationName() << " " << QCoreApplication::applicationVersion()
+            << "\n";
+        return 0;
+    }
     auto pool = QSharedPointer<Backend::CameraPool>::create();
+    pool->setOpenTimeout(COMMAND_LINE_OPEN_TIMEOUT_MS);
 
-    if (parser.isSet(discover)) {
+    if (commandLine.mode() == Mode::Discover) {
         for (const auto& d : Backend::CameraPool::discover()) {
             out << d.id << "\t" << d.address << "\t" << d.vendor << "\t" << d.model << "\t"
                 << d.protocol << "\n";
@@ -199,14 +171,13 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    const bool window = !parser.isSet(dump);
+    const bool window = commandLine.mode() == Mode::Window;
     QSharedPointer<Backend::CameraInfo> info;
     try {
-        if (parser.isSet(camera)) {
-            info = pool->openDevice(parser.value(camera));
-        } else if (parser.isSet(simulate)) {
-            const QStringList files = parser.positionalArguments();
-            info = pool->openSimulated(files.isEmpty() ? QString() : files.first());
+        if (!commandLine.camera().isEmpty()) {
+            info = pool->openDevice(commandLine.camera());
+        } else if (commandLine.simulate()) {
+            info = pool->openSimulated(commandLine.simulatedFile());
         } else if (!window) {
             info = pool->openSimulated();
         }
@@ -214,6 +185,8 @@ int main(int argc, char** argv)
         err << "vantoviewer: " << e.text() << "\n";
         return 1;
     }
+    // Cameras the user opens in the window can be cancelled there.
+    pool->setOpenTimeout(0);
 
     if (!window) {
         const int status =
@@ -222,8 +195,8 @@ int main(int argc, char** argv)
         return status;
     }
 
-    if (parser.isSet(lang)) {
-        LanguageHelper::setLanguageId(parser.value(lang));
+    if (!commandLine.language().isEmpty()) {
+        LanguageHelper::setLanguageId(commandLine.language());
     }
     // Before the window exists: its texts are translated as it builds them.
     VantoViewer::HostTranslator hostTranslator;
@@ -236,10 +209,10 @@ int main(int argc, char** argv)
     }
     const QString pluginFile = VantoViewer::PluginManager::findPlugin(
         QStringLiteral("Nodescope"),
-        VantoViewer::PluginManager::pluginFolders(parser.value(pluginDir)));
+        VantoViewer::PluginManager::pluginFolders(commandLine.pluginDir()));
     if (pluginFile.isEmpty()) {
         err << "vantoviewer: the Nodescope plug-in was not found in: "
-            << VantoViewer::PluginManager::pluginFolders(parser.value(pluginDir))
+            << VantoViewer::PluginManager::pluginFolders(commandLine.pluginDir())
                    .join(QStringLiteral(", "))
             << "\n";
         return 1;
@@ -251,7 +224,7 @@ int main(int argc, char** argv)
     // Third-party plug-ins next to it. One that does not load costs only itself.
     const QFileInfo featurePlugin(pluginFile);
     for (const QString& other : VantoViewer::PluginManager::findPlugins(
-             VantoViewer::PluginManager::pluginFolders(parser.value(pluginDir)))) {
+             VantoViewer::PluginManager::pluginFolders(commandLine.pluginDir()))) {
         if (QFileInfo(other).fileName() != featurePlugin.fileName() && !plugins.load(other)) {
             err << "vantoviewer: " << plugins.errorString() << "\n";
         }
@@ -264,10 +237,10 @@ int main(int argc, char** argv)
         mainWindow->addDevice(info);
     }
     QDockWidget* frontPanel = nullptr;
-    if (parser.isSet(panel)) {
-        frontPanel = mainWindow->showPanel(parser.value(panel));
+    if (!commandLine.panel().isEmpty()) {
+        frontPanel = mainWindow->showPanel(commandLine.panel());
         if (!frontPanel) {
-            err << "vantoviewer: no panel " << parser.value(panel) << "\n";
+            err << "vantoviewer: no panel " << commandLine.panel() << "\n";
         }
     }
     mainWindow->show();
@@ -276,8 +249,8 @@ int main(int argc, char** argv)
     giveUp.setSingleShot(true);
     bool saved = false;
     int result = 0;
-    if (parser.isSet(screenshot)) {
-        const QString file = parser.value(screenshot);
+    if (!commandLine.screenshot().isEmpty()) {
+        const QString file = commandLine.screenshot();
         VantoViewer::MainWindow* shown = mainWindow.get();
         QAbstractItemView* tree = shownFeatureView(*shown, frontPanel);
         QPointer<VantoViewer::FilledViewWatcher> watcher;

@@ -5,6 +5,7 @@
 #include "featureinstantiationservice.h"
 #include "featurestatusbar.h"
 #include "menuservice.h"
+#include "openingprogress.h"
 #include "visibilitytoolbar.h"
 #include "windowservice.h"
 
@@ -40,15 +41,6 @@ Plugin::AppCore::CContext globalContext()
 {
     return Plugin::AppCore::CContext(Core::CId(Plugin::AppCore::Constants::C_GLOBAL_CONTEXT));
 }
-
-// Opening a camera can take the network a moment; the user sees that something happens.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 } // namespace
 
 MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent)
@@ -86,13 +78,18 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
         Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
 
     addToolBar(Qt::TopToolBarArea, m_visibilityToolBar);
-    const int level = m_windowService
-                          ->restoreState(Core::CId(LAYOUT_ID), QLatin1String(VISIBILITY_KEY),
-                                         int(GenApi::Beginner))
-                          .toInt();
-    if (level >= GenApi::Beginner && level <= GenApi::Guru) {
+    const int level = storedLevel(Core::CId(LAYOUT_ID));
+    if (level >= 0) {
         m_visibilityToolBar->setLevel(static_cast<GenApi::EVisibility>(level));
+        m_visibilityStored = true;
     }
+    connect(m_windowService.data(), &WindowService::settingsNotSaved, m_statusBar,
+            [this](const QString& file, const QString& reason) {
+                m_statusBar->showError(
+                    tr("Settings cannot be saved to %1: %2. Changes to the layout and the "
+                       "visibility level are lost when the viewer closes.")
+                        .arg(file, reason));
+            });
     connect(m_visibilityToolBar, &VisibilityToolBar::levelChosen, this, &MainWindow::setVisibility);
     m_menuService->addAction(
         Core::CId(QStringLiteral("VantoViewer.Window.VisibilityToolBar")),
@@ -291,9 +288,16 @@ QSharedPointer<Plugin::CameraPool::IBaseInfo>
 MainWindow::openAndList(const std::function<QSharedPointer<Backend::CameraInfo>()>& open,
                         const QString& failure, const QString& subject)
 {
+    if (m_pool->isOpening()) {
+        return {};
+    }
     try {
-        const WaitCursor wait;
-        QSharedPointer<Plugin::CameraPool::IBaseInfo> info = open();
+        QSharedPointer<Plugin::CameraPool::IBaseInfo> info;
+        {
+            const OpeningProgress progress(this, tr("Opening %1...").arg(subject),
+                                           [pool = m_pool]() { pool->cancelOpening(); });
+            info = open();
+        }
         addDevice(info);
         m_statusBar->clearError();
         return info;
@@ -317,14 +321,16 @@ void MainWindow::closeCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>
 QSharedPointer<Plugin::CameraPool::IBaseInfo>
 MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
 {
-    if (!info || !m_pool || m_reconnecting || !m_devicesPane->isMarkedLost(info)) {
+    if (!info || !m_pool || m_reconnecting || m_pool->isOpening() ||
+        !m_devicesPane->isMarkedLost(info)) {
         return {};
     }
     const QString name = CameraName::of(*info);
     QSharedPointer<Plugin::CameraPool::IBaseInfo> fresh;
     m_reconnecting = true;
     try {
-        const WaitCursor wait;
+        const OpeningProgress progress(this, tr("Opening %1...").arg(name),
+                                       [pool = m_pool]() { pool->cancelOpening(); });
         fresh = m_pool->reopen(info);
     } catch (const ParameterCollection::Exception& e) {
         m_statusBar->showError(tr("Cannot reconnect %1: %2").arg(name, e.message()));
@@ -353,6 +359,15 @@ MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>&
     m_statusBar->clearError();
     m_statusBar->showMessage(tr("%1 is connected again").arg(CameraName::of(*fresh)));
     return fresh;
+}
+
+int MainWindow::storedLevel(const Core::CId& widgetId) const
+{
+    bool ok = false;
+    const int level =
+        m_windowService->restoreState(widgetId, QLatin1String(VISIBILITY_KEY), QVariant())
+            .toInt(&ok);
+    return ok && level >= GenApi::Beginner && level <= GenApi::Guru ? level : -1;
 }
 
 GenApi::EVisibility MainWindow::visibility() const
@@ -525,7 +540,14 @@ void MainWindow::addPanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& fa
             [this, dock]() { m_panelDocks.remove(m_panelDocks.key(dock)); });
     // The first panel brings the tree's shared context menu along.
     addContextMenuEntries();
-    // Panels remember their own last level; the tool bar's is the one the user sees.
+    // Panels remember their own last level; the tool bar's is the one the user sees. Without a
+    // stored level of its own the window takes the first one a panel kept.
+    if (!m_visibilityStored) {
+        const int level = storedLevel(product.id);
+        if (level >= 0) {
+            m_visibilityStored = showVisibility(static_cast<GenApi::EVisibility>(level));
+        }
+    }
     if (m_controlService) {
         m_controlService->setVisibility(m_visibilityToolBar->level());
     }

@@ -115,6 +115,8 @@ private:
                 const QString& failure, const QString& subject);
     // Shows and keeps the level without asking the panels: they reported it, or are asked next.
     bool showVisibility(GenApi::EVisibility visibility);
+    // The level kept for the window or a panel, or -1 when none is kept.
+    int storedLevel(const Core::CId& widgetId) const;
     void onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();
@@ -134,7 +136,8 @@ private:
     QAction* m_closeAction = nullptr;                                      // child
     QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries
     bool m_layoutRestored = false;            // the saved or first-shown layout is in place
-    bool m_reconnecting = false; // the event loop runs while a camera opens; one at a time
+    bool m_reconnecting = false;     // the event loop runs while a camera opens; one at a time
+    bool m_visibilityStored = false; // the level shown is one kept from an earlier run
 };
 
 } // namespace VantoViewer

@@ -23,6 +23,21 @@ void WindowService::saveState(const Core::CId& widgetId, const QString& key, con
 {
     QSettings settings(QStringLiteral("Vanto"), QStringLiteral("Vanto Viewer"));
     settings.setValue(settingsKey(widgetId, key), value);
+    // QSettings would only find out when it is gone, and then tell nobody.
+    settings.sync();
+    if (m_failureReported) {
+        return;
+    }
+    QString reason;
+    if (settings.status() == QSettings::AccessError || !settings.isWritable()) {
+        reason = tr("the file or its folder cannot be written");
+    } else if (settings.status() == QSettings::FormatError) {
+        reason = tr("the file is damaged");
+    } else {
+        return;
+    }
+    m_failureReported = true;
+    Q_EMIT settingsNotSaved(settings.fileName(), reason);
 }
 
 QVariant WindowService::restoreState(const Core::CId& widgetId, const QString& key,

@@ -22,10 +22,15 @@ public:
     QMainWindow* mainWindow() const override;
     void setMainWindow(QMainWindow* mainWindow);
 
+Q_SIGNALS:
+    // The settings could not be written; sent once, for the first failure.
+    void settingsNotSaved(const QString& file, const QString& reason);
+
 private:
     static QString settingsKey(const Core::CId& widgetId, const QString& key);
 
     QPointer<QMainWindow> m_mainWindow;
+    bool m_failureReported = false;
 };
 
 } // namespace VantoViewer

@@ -114,33 +114,78 @@ QSharedPointer<CameraInfo> CameraPool::openSimulated(const QString& xmlFile)
     return openSimulatedAs(xmlFile, QStringLiteral("Simulated:%1").arg(++m_simulatedCount));
 }
 
+QSharedPointer<DeviceParameterCollection> CameraPool::newCollection(const QString& id)
+{
+    auto collection = QSharedPointer<DeviceParameterCollection>::create(id);
+    collection->setAttachTimeout(m_openTimeoutMs);
+    m_opening = collection.data();
+    return collection;
+}
+
+void CameraPool::cancelOpening()
+{
+    if (m_opening) {
+        m_opening->cancelAttach();
+    }
+}
+
+bool CameraPool::isOpening() const
+{
+    return m_opening && m_opening->isAttaching();
+}
+
+void CameraPool::checkDescriptionFile(const QString& xmlFile)
+{
+    // A FIFO or a device would block the read, and a huge file would be read whole: neither is
+    // a description.
+    const QFileInfo file(xmlFile);
+    if (!file.exists()) {
+        throw NotFoundException(xmlFile, QStringLiteral("cannot open the file: no such file"));
+    }
+    if (!file.isFile()) {
+        throw InvalidArgumentException(
+            xmlFile, file.isDir() ? QStringLiteral("a folder, not a description file")
+                                  : QStringLiteral("not a regular file"));
+    }
+    if (file.size() > MAX_DESCRIPTION_BYTES) {
+        throw InvalidArgumentException(xmlFile,
+                                       QStringLiteral("the file is too large: %1 MiB, at most %2 "
+                                                      "MiB are read")
+                                           .arg(file.size() >> 20)
+                                           .arg(MAX_DESCRIPTION_BYTES >> 20));
+    }
+}
+
+void CameraPool::checkNotLost(const DeviceParameterCollection& collection, const QString& id)
+{
+    if (collection.isLost()) {
+        throw DeviceLostException(
+            id,
+            QStringLiteral("the camera was lost while it opened: %1").arg(collection.lostReason()));
+    }
+}
+
 QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, const QString& id)
 {
-    QByteArray xml;
-    QString defaults;
-    QString name;
-    if (xmlFile.isEmpty()) {
-        xml = builtinCameraXml();
-        defaults = builtinCameraDefaults();
-        name = QStringLiteral("VNT-SIM-2000");
-    } else {
-        QFile file(xmlFile);
-        if (!file.open(QIODevice::ReadOnly)) {
-            throw NotFoundException(
-                xmlFile, QStringLiteral("cannot open the file: %1").arg(file.errorString()));
-        }
-        xml = file.readAll();
-        name = QFileInfo(xmlFile).completeBaseName();
+    if (!xmlFile.isEmpty()) {
+        checkDescriptionFile(xmlFile);
     }
-    auto collection = QSharedPointer<DeviceParameterCollection>::create(id);
+    auto collection = newCollection(id);
     if (xmlFile.isEmpty()) {
         collection->setLogicFactory([](SimulatedDevice& device) {
             return std::unique_ptr<DeviceLogic>(new BuiltinCameraLogic(device));
         });
+        collection->attachSimulated(QStringLiteral("CameraDevice"), builtinCameraXml(),
+                                    builtinCameraDefaults());
+        collection->setLogicFactory(nullptr);
+    } else {
+        collection->attachSimulatedFile(QStringLiteral("CameraDevice"), xmlFile,
+                                        MAX_DESCRIPTION_BYTES);
     }
-    collection->attachSimulated(QStringLiteral("CameraDevice"), xml, defaults);
-    collection->setLogicFactory(nullptr);
     attachModules(*collection);
+    checkNotLost(*collection, id);
+    const QString name =
+        xmlFile.isEmpty() ? QStringLiteral("VNT-SIM-2000") : QFileInfo(xmlFile).completeBaseName();
 
     QString vendor = textValue(*collection, "DeviceVendorName");
     QString model = textValue(*collection, "DeviceModelName");
@@ -158,7 +203,7 @@ QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, c
 
 QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
 {
-    auto collection = QSharedPointer<DeviceParameterCollection>::create(idOrAddress);
+    auto collection = newCollection(idOrAddress);
     QString protocol = QStringLiteral("GigEVision");
     const QByteArray key = idOrAddress.toUtf8();
     collection->attachDevice(QStringLiteral("CameraDevice"), [key, &protocol](QString* error) {
@@ -187,6 +232,7 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
         return device;
     });
     attachModules(*collection);
+    checkNotLost(*collection, idOrAddress);
     auto info =
         QSharedPointer<CameraInfo>::create(idOrAddress, textValue(*collection, "DeviceVendorName"),
                                            textValue(*collection, "DeviceModelName"),

@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QPointer>
 #include <QSharedPointer>
 
 namespace Backend {
@@ -29,6 +30,10 @@ public:
     // How long reopening a simulated camera waits for its old device thread to answer.
     static constexpr int SIMULATED_ANSWER_TIMEOUT_MS = 3000;
 
+    // The largest description file a simulated camera is served from. Real descriptions stay
+    // below a few MiB; a bigger file is refused before it is read.
+    static constexpr qint64 MAX_DESCRIPTION_BYTES = qint64(64) << 20;
+
     explicit CameraPool(QObject* parent = nullptr);
     ~CameraPool() override;
 
@@ -44,6 +49,13 @@ public:
     QSharedPointer<CameraInfo> reopen(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void close(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void closeAll();
+
+    // The event loop runs, user input included, while a camera opens. Cancelling makes the
+    // open in progress throw at once; its device thread is left to end on its own.
+    void cancelOpening();
+    bool isOpening() const;
+    // An open that takes longer throws; 0 (the default) waits until it ends or is cancelled.
+    void setOpenTimeout(int ms) { m_openTimeoutMs = ms; }
 
     // Broadcasts on every interface: only on the user's request.
     static QList<DiscoveredDevice> discover();
@@ -67,6 +79,9 @@ private:
     static void checkSimulatedAnswers(const QSharedPointer<DeviceParameterCollection>& collection,
                                       const QString& id);
     void attachModules(DeviceParameterCollection& collection);
+    QSharedPointer<DeviceParameterCollection> newCollection(const QString& id);
+    static void checkDescriptionFile(const QString& xmlFile);
+    static void checkNotLost(const DeviceParameterCollection& collection, const QString& id);
     QSharedPointer<CameraInfo> add(const QSharedPointer<CameraInfo>& info,
                                    const QSharedPointer<DeviceParameterCollection>& collection,
                                    const Origin& origin);
@@ -75,6 +90,8 @@ private:
     QHash<Plugin::CameraPool::IBaseInfo*, QSharedPointer<DeviceParameterCollection>> m_collections;
     QHash<Plugin::CameraPool::IBaseInfo*, Origin> m_origins;
     int m_simulatedCount = 0;
+    int m_openTimeoutMs = 0;
+    QPointer<DeviceParameterCollection> m_opening; // the collection that attaches now
 };
 
 } // namespace Backend

@@ -7,6 +7,9 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFile>
+#include <QMutex>
+#include <QTimer>
 
 #include <cmath>
 
@@ -75,48 +78,60 @@ void DeviceParameterCollection::waitForDevice()
     QCoreApplication::sendPostedEvents(this);
 }
 
+// What the device thread hands back from an attach. `receiver` is the collection while it still
+// waits; it is cleared under the lock when the wait ends, so that an abandoned attach never
+// calls into a collection that has gone.
+struct DeviceParameterCollection::AttachResult {
+    QMutex mutex;
+    QObject* receiver = nullptr;
+    QPointer<QEventLoop> loop; // GUI thread only
+    bool done = false;
+    int map = -1;
+    QString error;
+    NodeMapStructurePtr structure;
+    QVector<ParameterDataPtr> snapshot;
+};
+
 void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QString*)>& job)
 {
-    struct Result {
-        bool done = false;
-        int map = -1;
-        QString error;
-        NodeMapStructurePtr structure;
-        QVector<ParameterDataPtr> snapshot;
-    };
-    auto result = std::make_shared<Result>();
-    QEventLoop loop;
-    QPointer<QEventLoop> loopGuard(&loop);
+    if (m_attaching || m_attachAbandoned) {
+        throw AccessException(m_name, m_attachAbandoned
+                                          ? QStringLiteral("an earlier open was abandoned")
+                                          : QStringLiteral("the camera is still opening"));
+    }
+    auto result = std::make_shared<AttachResult>();
+    result->receiver = this;
     DeviceWorker* worker = m_worker;
-    // The GUI keeps running while the device opens, which can take seconds on a network.
     QMetaObject::invokeMethod(
         worker,
-        [worker, job, result, loopGuard, this] {
+        [worker, job, result] {
             QString error;
-            const int map = job(*worker, &error);
-            if (map >= 0) {
-                result->structure = worker->structure(map);
-                result->snapshot = worker->snapshot(map);
+            int map = -1;
+            {
+                // Aravis keeps shared state while it builds a node map: an abandoned open that
+                // still runs on its own thread spoils one begun meanwhile on another. Opens take
+                // turns here, off the GUI thread, and stay cancellable while they wait.
+                static QMutex oneAtATime;
+                const QMutexLocker turn(&oneAtATime);
+                map = job(*worker, &error);
             }
-            QMetaObject::invokeMethod(
-                this,
-                [result, map, error, loopGuard] {
-                    result->map = map;
-                    result->error = error;
-                    result->done = true;
-                    if (loopGuard) {
-                        loopGuard->quit();
-                    }
-                },
-                Qt::QueuedConnection);
+            NodeMapStructurePtr structure;
+            QVector<ParameterDataPtr> snapshot;
+            if (map >= 0) {
+                structure = worker->structure(map);
+                snapshot = worker->snapshot(map);
+            }
+            const QMutexLocker lock(&result->mutex);
+            result->map = map;
+            result->error = error;
+            result->structure = structure;
+            result->snapshot = snapshot;
+            result->done = true;
+            wake(result);
         },
         Qt::QueuedConnection);
-    if (!result->done) {
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
-    if (result->map < 0) {
-        throw InvalidArgumentException(m_name, result->error);
-    }
+    waitForAttach(result);
+
     Q_ASSERT(result->map == m_maps.size());
     MapState state;
     state.structure = result->structure;
@@ -125,6 +140,11 @@ void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QS
     state.observers.fill(0, state.data.size());
     m_mapByPrefix.insert(state.structure->prefix, m_maps.size());
     m_maps.append(state);
+    // The news of a loss while the node map was read may still be on its way.
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    if (!m_lost && m_worker->isLost()) {
+        onLost(QStringLiteral("the camera stopped answering while it opened"));
+    }
     if (m_lost) {
         // The device went while this node map was being read.
         markMapLost(m_maps.size() - 1);
@@ -132,11 +152,122 @@ void DeviceParameterCollection::attach(const std::function<int(DeviceWorker&, QS
     Q_EMIT nodeMapAttached(state.structure->name);
 }
 
+void DeviceParameterCollection::wake(const std::shared_ptr<AttachResult>& result)
+{
+    // Device thread, with the lock held.
+    if (QObject* receiver = result->receiver) {
+        QMetaObject::invokeMethod(
+            receiver,
+            [result] {
+                if (result->loop) {
+                    result->loop->quit();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+bool DeviceParameterCollection::waitForDevice(int timeoutMs)
+{
+    auto answer = std::make_shared<AttachResult>();
+    answer->receiver = this;
+    QEventLoop loop;
+    answer->loop = &loop;
+    DeviceWorker* worker = m_worker;
+    QMetaObject::invokeMethod(
+        worker,
+        [answer] {
+            const QMutexLocker lock(&answer->mutex);
+            answer->done = true;
+            wake(answer);
+        },
+        Qt::QueuedConnection);
+    QTimer::singleShot(timeoutMs, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    const QMutexLocker lock(&answer->mutex);
+    answer->receiver = nullptr;
+    return answer->done;
+}
+
+void DeviceParameterCollection::waitForAttach(const std::shared_ptr<AttachResult>& result)
+{
+    // The window keeps answering while the device opens, which can take seconds on a network;
+    // whoever shows the wait offers a Cancel that ends it through cancelAttach().
+    QEventLoop loop;
+    m_attachLoop = &loop;
+    result->loop = &loop;
+    m_attaching = true;
+    m_attachCancelled = false;
+    QTimer timeout;
+    timeout.setSingleShot(true);
+    connect(&timeout, &QTimer::timeout, &loop, &QEventLoop::quit);
+    if (m_attachTimeoutMs > 0) {
+        timeout.start(m_attachTimeoutMs);
+    }
+    bool done = false;
+    {
+        const QMutexLocker lock(&result->mutex);
+        done = result->done;
+    }
+    if (!done) {
+        loop.exec();
+    }
+    m_attaching = false;
+    m_attachLoop = nullptr;
+    {
+        const QMutexLocker lock(&result->mutex);
+        result->receiver = nullptr;
+        done = result->done;
+    }
+    if (!done) {
+        // The device thread finishes its part on its own; its result goes nowhere.
+        m_attachAbandoned = true;
+        QString reason = QStringLiteral("the open was interrupted: the application is ending");
+        if (m_attachCancelled) {
+            reason = QStringLiteral("the open was cancelled");
+        } else if (m_attachTimeoutMs > 0 && !timeout.isActive()) {
+            reason = QStringLiteral("the camera did not finish opening within %1 s")
+                         .arg(m_attachTimeoutMs / 1000.0);
+        }
+        throw TimeoutException(m_name, reason);
+    }
+    if (result->map < 0) {
+        throw InvalidArgumentException(m_name, result->error);
+    }
+}
+
+void DeviceParameterCollection::cancelAttach()
+{
+    if (m_attachLoop) {
+        m_attachCancelled = true;
+        m_attachLoop->quit();
+    }
+}
+
 void DeviceParameterCollection::attachSimulated(const QString& nodeMapName, const QByteArray& xml,
                                                 const QString& defaults)
 {
     attach([nodeMapName, xml, defaults](DeviceWorker& worker, QString* error) {
         return worker.attachSimulated(nodeMapName, xml, defaults, error);
+    });
+}
+
+void DeviceParameterCollection::attachSimulatedFile(const QString& nodeMapName,
+                                                    const QString& xmlFile, qint64 maxBytes)
+{
+    attach([nodeMapName, xmlFile, maxBytes](DeviceWorker& worker, QString* error) {
+        QFile file(xmlFile);
+        if (!file.open(QIODevice::ReadOnly)) {
+            *error = QStringLiteral("cannot open %1: %2").arg(xmlFile, file.errorString());
+            return -1;
+        }
+        // The file may have grown since it was checked.
+        const QByteArray xml = file.read(maxBytes + 1);
+        if (xml.size() > maxBytes) {
+            *error = QStringLiteral("%1 is larger than %2 MiB").arg(xmlFile).arg(maxBytes >> 20);
+            return -1;
+        }
+        return worker.attachSimulated(nodeMapName, xml, QString(), error);
     });
 }
 
@@ -421,6 +552,7 @@ void DeviceParameterCollection::onLost(const QString& message)
         return;
     }
     m_lost = true;
+    m_lostReason = message;
     for (int map = 0; map < m_maps.size(); ++map) {
         markMapLost(map);
     }

@@ -5,6 +5,7 @@
 
 #include <parametercollection/iparametercollection.h>
 
+#include <QEventLoop>
 #include <QHash>
 #include <QPointer>
 #include <QThread>
@@ -32,13 +33,25 @@ public:
     // Installs device behaviour on every simulated node map attached afterwards.
     void setLogicFactory(std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> factory);
 
-    // Attach a node map and wait for it while the event loop runs. Throw
-    // ParameterCollection::InvalidArgumentException with the reason on failure.
+    // Attach a node map and wait for it while the event loop runs, user input included. Throw
+    // ParameterCollection::InvalidArgumentException with the reason on failure, TimeoutException
+    // when cancelled or past the open timeout, DeviceLostException when the device went while
+    // it opened.
     void attachSimulated(const QString& nodeMapName, const QByteArray& xml,
                          const QString& defaults = QString());
+    // The same with the description read from `xmlFile` on the device thread, so that a slow
+    // file system never holds the window. The caller has checked that it is a regular file.
+    void attachSimulatedFile(const QString& nodeMapName, const QString& xmlFile, qint64 maxBytes);
     // `open` runs on the device thread and returns a new ArvDevice reference or null with
     // the error text set.
     void attachDevice(const QString& nodeMapName, std::function<ArvDevice*(QString*)> open);
+    // Abandons the attach in progress: it throws at once, and the device thread finishes its
+    // part on its own. Safe to call when nothing attaches.
+    void cancelAttach();
+    // An attach that takes longer than this throws; 0 waits as long as it takes (or until
+    // cancelled).
+    void setAttachTimeout(int ms) { m_attachTimeoutMs = ms; }
+    bool isAttaching() const { return m_attaching; }
 
     // IParameterCollection
     QString getName() const override { return m_name; }
@@ -51,12 +64,17 @@ public:
     void refresh() override;
     void refresh(const QList<ParameterCollection::ParameterName>& names) override;
     bool isLost() const override { return m_lost; }
+    // What the device said when it went; empty while it is there.
+    QString lostReason() const { return m_lostReason; }
 
     NodeMapStructurePtr structure(const QString& nodeMapName) const;
     // Runs `job` on the device thread and waits for it; for tests, tools and benchmarks.
     void runOnDeviceThread(const std::function<void(DeviceWorker&)>& job);
     // Waits until every job queued so far has run and its results have arrived.
     void waitForDevice();
+    // The same for at most `timeoutMs`, with the event loop running; false when the device
+    // thread did not get there in time (it hangs in a call to the device).
+    bool waitForDevice(int timeoutMs);
 
     // For the parameters.
     ParameterCollection::ParameterDataPtr dataOf(int map, int node) const
@@ -100,7 +118,10 @@ private:
                        const QString& feature) const;
     QSharedPointer<ParameterCollection::IParameter> makeParameter(int map, int node) const;
     bool locate(const QString& fullName, int* map, int* node) const;
+    struct AttachResult;
     void attach(const std::function<int(DeviceWorker&, QString*)>& job);
+    void waitForAttach(const std::shared_ptr<AttachResult>& result);
+    static void wake(const std::shared_ptr<AttachResult>& result);
 
     QString m_name;
     QThread* m_thread;                // owned until the collection goes, then retired
@@ -109,6 +130,12 @@ private:
     QHash<QString, int> m_mapByPrefix;
     bool m_lost = false;
     bool m_pollInFlight = false;
+    bool m_attaching = false;
+    bool m_attachCancelled = false;
+    bool m_attachAbandoned = false; // its node map indices no longer match the device thread's
+    QString m_lostReason;
+    int m_attachTimeoutMs = 0;
+    QPointer<QEventLoop> m_attachLoop; // the wait of the attach in progress
 };
 
 } // namespace Backend

@@ -188,6 +188,14 @@ Transport: %3</translation>
         <source>%1 is connected again</source>
         <translation>%1 is connected again</translation>
     </message>
+    <message>
+        <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
+        <translation>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>Opening %1...</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -198,6 +206,17 @@ Transport: %3</translation>
     <message>
         <source>&amp;Window</source>
         <translation>&amp;Window</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::OpeningProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Opening Camera</source>
+        <translation>Opening Camera</translation>
     </message>
 </context>
 <context>
@@ -244,6 +263,17 @@ Transport: %3</translation>
     <message>
         <source>Show every feature, including those that need care</source>
         <translation>Show every feature, including those that need care</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::WindowService</name>
+    <message>
+        <source>the file or its folder cannot be written</source>
+        <translation>the file or its folder cannot be written</translation>
+    </message>
+    <message>
+        <source>the file is damaged</source>
+        <translation>the file is damaged</translation>
     </message>
 </context>
 </TS>

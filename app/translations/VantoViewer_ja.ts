@@ -187,6 +187,14 @@ Transport: %3</source>
         <source>%1 is connected again</source>
         <translation>%1 に再接続しました</translation>
     </message>
+    <message>
+        <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
+        <translation>設定を %1 に保存できません: %2。レイアウトと表示レベルの変更はビューアーを閉じると失われます。</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>%1 を開いています...</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -197,6 +205,17 @@ Transport: %3</source>
     <message>
         <source>&amp;Window</source>
         <translation>ウィンドウ(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::OpeningProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Opening Camera</source>
+        <translation>カメラを開いています</translation>
     </message>
 </context>
 <context>
@@ -243,6 +262,17 @@ Transport: %3</source>
     <message>
         <source>Show every feature, including those that need care</source>
         <translation>注意が必要な機能を含め、すべての機能を表示します</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::WindowService</name>
+    <message>
+        <source>the file or its folder cannot be written</source>
+        <translation>ファイルまたはそのフォルダーに書き込めません</translation>
+    </message>
+    <message>
+        <source>the file is damaged</source>
+        <translation>ファイルが壊れています</translation>
     </message>
 </context>
 </TS>

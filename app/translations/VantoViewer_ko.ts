@@ -187,6 +187,14 @@ Transport: %3</source>
         <source>%1 is connected again</source>
         <translation>%1에 다시 연결됨</translation>
     </message>
+    <message>
+        <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
+        <translation>설정을 %1에 저장할 수 없습니다: %2. 레이아웃과 표시 수준의 변경은 뷰어를 닫으면 사라집니다.</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>%1 여는 중...</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -197,6 +205,17 @@ Transport: %3</source>
     <message>
         <source>&amp;Window</source>
         <translation>창(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::OpeningProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Opening Camera</source>
+        <translation>카메라 여는 중</translation>
     </message>
 </context>
 <context>
@@ -243,6 +262,17 @@ Transport: %3</source>
     <message>
         <source>Show every feature, including those that need care</source>
         <translation>주의가 필요한 기능을 포함하여 모든 기능을 표시합니다</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::WindowService</name>
+    <message>
+        <source>the file or its folder cannot be written</source>
+        <translation>파일 또는 그 폴더에 쓸 수 없습니다</translation>
+    </message>
+    <message>
+        <source>the file is damaged</source>
+        <translation>파일이 손상되었습니다</translation>
     </message>
 </context>
 </TS>

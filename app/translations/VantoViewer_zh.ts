@@ -187,6 +187,14 @@ Transport: %3</source>
         <source>%1 is connected again</source>
         <translation>%1 已重新连接</translation>
     </message>
+    <message>
+        <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
+        <translation>无法将设置保存到 %1: %2。关闭查看器后，布局和可见性级别的更改将丢失。</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>正在打开 %1...</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -197,6 +205,17 @@ Transport: %3</source>
     <message>
         <source>&amp;Window</source>
         <translation>窗口(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::OpeningProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Opening Camera</source>
+        <translation>正在打开相机</translation>
     </message>
 </context>
 <context>
@@ -243,6 +262,17 @@ Transport: %3</source>
     <message>
         <source>Show every feature, including those that need care</source>
         <translation>显示所有功能，包括需要谨慎使用的功能</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::WindowService</name>
+    <message>
+        <source>the file or its folder cannot be written</source>
+        <translation>无法写入该文件或其文件夹</translation>
+    </message>
+    <message>
+        <source>the file is damaged</source>
+        <translation>文件已损坏</translation>
     </message>
 </context>
 </TS>

@@ -49,6 +49,37 @@ const char kDescription[] =
     "  <Port Name=\"Device\"/>\n"
     "</RegisterDescription>\n";
 
+// `levels` categories, each reached through two parents from the one above: the paths from
+// the root double at every level. Each level has one feature of its own.
+QByteArray sharedCategories(int levels)
+{
+    QByteArray xml = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+                     "<RegisterDescription ModelName=\"Shared\" VendorName=\"Vanto\" "
+                     "StandardNameSpace=\"None\" SchemaMajorVersion=\"1\" SchemaMinorVersion=\"1\" "
+                     "SchemaSubMinorVersion=\"0\" MajorVersion=\"1\" MinorVersion=\"0\" "
+                     "SubMinorVersion=\"0\" ProductGuid=\"2a0e5a3c-0f4e-4c7b-9a61-3b1f7c2d9e12\" "
+                     "VersionGuid=\"6b8f2d1e-7c3a-4e59-8d20-1a9c5e7f3b53\" "
+                     "xmlns=\"http://www.genicam.org/GenApi/Version_1_1\">\n"
+                     "  <Category Name=\"Root\"><pFeature>Level0</pFeature></Category>\n";
+    for (int level = 0; level < levels; ++level) {
+        const QByteArray n = QByteArray::number(level);
+        const QByteArray next = QByteArray::number(level + 1);
+        xml += "  <Category Name=\"Level" + n + "\"><pFeature>Left" + n +
+               "</pFeature><pFeature>Right" + n + "</pFeature><pFeature>Value" + n +
+               "</pFeature></Category>\n";
+        for (const char* side : {"Left", "Right"}) {
+            xml += "  <Category Name=\"" + QByteArray(side) + n + "\">";
+            if (level + 1 < levels) {
+                xml += "<pFeature>Level" + next + "</pFeature>";
+            }
+            xml += "</Category>\n";
+        }
+        xml += "  <Integer Name=\"Value" + n + "\"><Value>" + n + "</Value></Integer>\n";
+    }
+    xml += "</RegisterDescription>\n";
+    return xml;
+}
+
 struct DumpLine {
     QString feature;
     QString type;
@@ -212,6 +243,53 @@ private Q_SLOTS:
         QVERIFY2(text.startsWith(QString(FeatureDump::MAX_VALUE_CHARS, QLatin1Char('y')) +
                                  QStringLiteral("... <")),
                  qPrintable(text));
+    }
+
+    void shouldWriteASharedCategoryInFullOnlyUpToALimitAndSaySo()
+    {
+        // Given 40 levels of categories shared by two parents each: 2^40 paths from the root
+        Backend::DeviceParameterCollection collection(QStringLiteral("shared"));
+        collection.attachSimulated(QStringLiteral("CameraDevice"), sharedCategories(40));
+
+        int features = 0;
+        const QString dump = dumpOf(collection, &features);
+
+        // Then the dump ends; every level is written, the deep ones up to the limit, and the
+        // categories left out say why
+        const QList<DumpLine> lines = featureLineList(dump);
+        QSet<QString> seen;
+        for (const DumpLine& line : lines) {
+            seen.insert(line.feature);
+        }
+        for (int level = 0; level < 40; ++level) {
+            QVERIFY2(seen.contains(QStringLiteral("Value%1").arg(level)),
+                     qPrintable(dump.left(2000)));
+        }
+        QCOMPARE(dump.count(QStringLiteral("(Value39)")), FeatureDump::MAX_EXPANSIONS);
+        QVERIFY(dump.contains(QStringLiteral("<shared: written in full %1 times above, not again>")
+                                  .arg(FeatureDump::MAX_EXPANSIONS)));
+        qInfo("%d lines, %d features written", int(dump.count(QLatin1Char('\n'))), features);
+    }
+
+    void shouldStopAtTheLineLimitWithANote()
+    {
+        // Given a camera whose dump is longer than the limit
+        Backend::DeviceParameterCollection collection(QStringLiteral("shared"));
+        collection.attachSimulated(QStringLiteral("CameraDevice"), sharedCategories(4));
+        int features = 0;
+        const QStringList whole = dumpOf(collection, &features).split(QLatin1Char('\n'));
+        QVERIFY(whole.size() > 20);
+
+        // When it is written with a limit of 10 lines
+        QString text;
+        QTextStream out(&text);
+        FeatureDump(out, 10).write(collection);
+
+        // Then the first 10 lines are written, followed by the note and nothing else
+        const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 11);
+        QCOMPARE(lines.mid(0, 10), whole.mid(0, 10));
+        QCOMPARE(lines.last(), QStringLiteral("... the dump stops here: it reached 10 lines"));
     }
 };
 

@@ -3,6 +3,7 @@
 #include "featurestatusbar.h"
 
 #include "mainwindow.h"
+#include "openingprogress.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
 
@@ -26,6 +27,8 @@
 #include <QMenu>
 #include <QPointer>
 #include <QProcess>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -706,6 +709,84 @@ private Q_SLOTS:
         qInfo("closing a stopped camera: longest pause of the event loop %lld ms in %d beats of "
               "5 ms",
               heartbeat.longestGapMs(), heartbeat.beats());
+        QCOMPARE(m_pool->getOpenDevices().size(), 0);
+    }
+
+    void openingAStoppedCameraCanBeCancelledWhileTheWindowAnswers()
+    {
+        // Given the camera's process stopped
+        QCOMPARE(::kill(pid_t(m_cameraPid), SIGSTOP), 0);
+        auto resume = qScopeGuard([this] { ::kill(pid_t(m_cameraPid), SIGCONT); });
+        m_window->featureStatusBar()->clearError();
+        Heartbeat heartbeat(5);
+        // When the user opens it and, a moment later, presses Cancel on the progress shown
+        bool cancelled = false;
+        QTimer::singleShot(300, m_window.get(), [this, &cancelled] {
+            auto* progress = m_window->findChild<QProgressDialog*>(
+                QLatin1String(VantoViewer::OpeningProgress::OBJECT_NAME));
+            if (progress && progress->isVisible()) {
+                QTest::mouseClick(progress->findChild<QPushButton*>(), Qt::LeftButton);
+                cancelled = true;
+            }
+        });
+        QElapsedTimer opening;
+        opening.start();
+
+        const auto opened = m_window->openCamera(QStringLiteral("127.0.0.1"));
+
+        // Then the open ends with nothing listed and says why, and the window went on
+        qInfo("open of a stopped camera cancelled after %lld ms: longest pause of the event loop "
+              "%lld ms in %d beats of 5 ms",
+              opening.elapsed(), heartbeat.longestGapMs(), heartbeat.beats());
+        QVERIFY(cancelled);
+        QVERIFY(!opened);
+        QCOMPARE(m_pool->getOpenDevices().size(), 0);
+        QCOMPARE(m_window->devicesPane()->devices().size(), 0);
+        QVERIFY2(m_window->featureStatusBar()->errorText().contains(QStringLiteral("cancelled")),
+                 qPrintable(m_window->featureStatusBar()->errorText()));
+    }
+
+    void aCameraThatStopsAsItOpensIsNeverListedHalfOpen_data()
+    {
+        QTest::addColumn<int>("resumeAfterMs");
+        QTest::newRow("resumed 8 s later") << 8000;
+        QTest::newRow("left stopped") << -1;
+    }
+
+    void aCameraThatStopsAsItOpensIsNeverListedHalfOpen()
+    {
+        // Given a camera whose process stops 3 ms into the open, and resumes later or stays
+        // stopped until the open has ended (should it never end, the user cancels it at 60 s)
+        QFETCH(int, resumeAfterMs);
+        m_window->featureStatusBar()->clearError();
+        auto resume = qScopeGuard([this] { ::kill(pid_t(m_cameraPid), SIGCONT); });
+        QTimer::singleShot(3, m_window.get(), [this] { ::kill(pid_t(m_cameraPid), SIGSTOP); });
+        if (resumeAfterMs > 0) {
+            QTimer::singleShot(resumeAfterMs, m_window.get(),
+                               [this] { ::kill(pid_t(m_cameraPid), SIGCONT); });
+        }
+        QTimer::singleShot(60000, m_pool.data(), [this] { m_pool->cancelOpening(); });
+        Heartbeat heartbeat(5);
+        QElapsedTimer opening;
+        opening.start();
+
+        const auto opened = m_window->openCamera(QStringLiteral("127.0.0.1"));
+
+        // Then the camera is either listed healthy with its name, or not listed, and the
+        // window says why
+        const QString error = m_window->featureStatusBar()->errorText();
+        qInfo("camera stopped 3 ms into the open (%s): %s after %lld ms (%s); longest pause of "
+              "the event loop %lld ms in %d beats of 5 ms",
+              QTest::currentDataTag(), opened ? "opened" : "not opened", opening.elapsed(),
+              qPrintable(error), heartbeat.longestGapMs(), heartbeat.beats());
+        if (opened) {
+            QVERIFY(!m_pool->getParameterCollection(opened)->isLost());
+            QVERIFY(!opened->getModelName().isEmpty());
+            m_window->closeCamera(opened);
+        } else {
+            QVERIFY2(error.contains(QStringLiteral("127.0.0.1")), qPrintable(error));
+            QCOMPARE(m_window->devicesPane()->devices().size(), 0);
+        }
         QCOMPARE(m_pool->getOpenDevices().size(), 0);
     }
 };

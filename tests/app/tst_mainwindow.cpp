@@ -4,6 +4,7 @@
 #include "featurestatusbar.h"
 #include "mainwindow.h"
 #include "menuservice.h"
+#include "openingprogress.h"
 #include "pluginmanager.h"
 #include "visibilitytoolbar.h"
 #include "windowservice.h"
@@ -33,6 +34,8 @@
 #include <QTreeView>
 #include <QListWidget>
 #include <QMenu>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QSemaphore>
 #include <QTemporaryDir>
@@ -71,6 +74,15 @@ int visibleTreeRows(QDockWidget* dock)
 {
     QAbstractItemView* view = visibleTree(dock);
     return view && view->model() ? view->model()->rowCount() : 0;
+}
+
+// The level the default panel keeps between runs.
+int storedPanelLevel(const MainWindow& window)
+{
+    return window.windowService()
+        ->restoreState(Core::CId(MainWindow::DEFAULT_PANEL_ID), QStringLiteral("Visibility"),
+                       QVariant())
+        .toInt();
 }
 
 // Roles of the plug-in's feature tree, part of its contract with views.
@@ -417,11 +429,7 @@ private Q_SLOTS:
         view->expandAll();
         QVERIFY(shownFeatureRows(view, QModelIndex()) > beginnerRows);
         QCOMPARE(m_window->visibility(), GenApi::Guru);
-        QCOMPARE(m_window->windowService()
-                     ->restoreState(Core::CId(MainWindow::DEFAULT_PANEL_ID),
-                                    QStringLiteral("Visibility"), QVariant())
-                     .toInt(),
-                 int(GenApi::Guru));
+        QCOMPARE(storedPanelLevel(*m_window), int(GenApi::Guru));
 
         // And back to Beginner shows the Beginner features again
         toolBar->actionFor(GenApi::Beginner)->trigger();
@@ -675,6 +683,90 @@ private Q_SLOTS:
         QVERIFY(status);
         Q_EMIT status->newText(QStringLiteral("Width: 640"));
         QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("Width: 640"));
+    }
+
+    void openingShowsProgressWithACancelThatLeavesNothingHalfOpen()
+    {
+        // Given a camera being opened, with the progress shown
+        QPointer<QProgressDialog> progress;
+        bool cancelled = false;
+        QTimer::singleShot(0, m_window.get(), [this, &progress, &cancelled]() {
+            progress = m_window->findChild<QProgressDialog*>(
+                QLatin1String(VantoViewer::OpeningProgress::OBJECT_NAME));
+            // When the user presses its Cancel while the window answers
+            if (progress && progress->isVisible()) {
+                auto* cancel = progress->findChild<QPushButton*>();
+                QTest::mouseClick(cancel, Qt::LeftButton);
+                cancelled = true;
+            }
+        });
+
+        const auto opened = m_window->openSimulatedCamera(QString());
+
+        // Then the open ends at once without a camera, says so, and the dialog has gone
+        QVERIFY(cancelled);
+        QVERIFY(!opened);
+        QVERIFY(!progress);
+        QCOMPARE(m_window->devicesPane()->devices().size(), 0);
+        QCOMPARE(m_pool->getOpenDevices().size(), 0);
+        QVERIFY2(m_window->featureStatusBar()->errorText().contains(QStringLiteral("cancelled")),
+                 qPrintable(m_window->featureStatusBar()->errorText()));
+
+        // And the next open works
+        QVERIFY(m_window->openSimulatedCamera(QString()));
+        QCOMPARE(m_window->devicesPane()->devices().size(), 1);
+    }
+
+    void panelLevelIsKeptWhenTheWindowsOwnIsMissing()
+    {
+        // Given panels stored at Guru and the window's own level lost
+        m_window->setVisibility(GenApi::Guru);
+        stopHost();
+        {
+            QSettings settings(QStringLiteral("Vanto"), QStringLiteral("Vanto Viewer"));
+            settings.remove(QStringLiteral("Panels/VantoViewer.MainWindow/Visibility"));
+            QCOMPARE(
+                settings.value(QStringLiteral("Panels/Nodescope.Widget.All/Visibility")).toInt(),
+                int(GenApi::Guru));
+        }
+
+        // When the host starts again
+        startHost();
+
+        // Then the panels and the window show Guru, and keep it
+        QCOMPARE(m_window->visibility(), GenApi::Guru);
+        QCOMPARE(storedPanelLevel(*m_window), int(GenApi::Guru));
+        m_window->setVisibility(GenApi::Beginner);
+    }
+
+    void settingsThatCannotBeWrittenAreReportedOnceInTheWindow()
+    {
+        // Given a settings file that cannot be written: a folder stands in its place
+        const QString file =
+            QSettings(QStringLiteral("Vanto"), QStringLiteral("Vanto Viewer")).fileName();
+        const QByteArray kept = [&file]() {
+            QFile f(file);
+            return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+        }();
+        QFile::remove(file);
+        QVERIFY(QDir().mkpath(file));
+        QSignalSpy reported(m_window->windowService().data(),
+                            &VantoViewer::WindowService::settingsNotSaved);
+
+        // When the window stores its level twice
+        m_window->setVisibility(GenApi::Expert);
+        m_window->setVisibility(GenApi::Beginner);
+
+        // Then the window says so, once, naming the file
+        QCOMPARE(reported.count(), 1);
+        const QString error = m_window->featureStatusBar()->errorText();
+        QVERIFY2(error.contains(file) && error.contains(QStringLiteral("cannot be saved")),
+                 qPrintable(error));
+
+        QVERIFY(QDir(file).removeRecursively());
+        QFile restored(file);
+        QVERIFY(restored.open(QIODevice::WriteOnly));
+        restored.write(kept);
     }
 
     // Last: they leave settings behind for the next run.

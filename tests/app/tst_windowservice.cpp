@@ -2,8 +2,11 @@
 
 #include "windowservice.h"
 
+#include <QDir>
+#include <QFile>
 #include <QMainWindow>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -100,6 +103,29 @@ private Q_SLOTS:
         QCOMPARE(service.mainWindow(), window);
         delete window;
         QVERIFY(!service.mainWindow());
+    }
+
+    void aStoreThatCannotBeWrittenIsReportedOnceAndAStoreThatCanIsNot()
+    {
+        // Given a service that saves into a writable store
+        WindowService service;
+        QSignalSpy reported(&service, &WindowService::settingsNotSaved);
+        service.saveState(Core::CId("Panel.A"), QStringLiteral("Columns"), 1);
+        QCOMPARE(reported.count(), 0);
+
+        // When a folder takes the settings file's place
+        const QString file =
+            QSettings(QStringLiteral("Vanto"), QStringLiteral("Vanto Viewer")).fileName();
+        QVERIFY(QFile::remove(file));
+        QVERIFY(QDir().mkpath(file));
+        service.saveState(Core::CId("Panel.A"), QStringLiteral("Columns"), 2);
+        service.saveState(Core::CId("Panel.A"), QStringLiteral("Columns"), 3);
+
+        // Then the failure is reported once, with the file and the reason
+        QCOMPARE(reported.count(), 1);
+        QCOMPARE(reported.first().at(0).toString(), file);
+        QVERIFY(!reported.first().at(1).toString().isEmpty());
+        QVERIFY(QDir(file).removeRecursively());
     }
 };
 

@@ -4,6 +4,7 @@
 #include <deviceparametercollection.h>
 #include <deviceworker.h>
 #include <simulateddevice.h>
+#include <threadretirement.h>
 
 #include <parametercollection/exception.h>
 #include <parametercollection/iadvancedparameteraccess.h>
@@ -13,6 +14,7 @@
 #include <QProcess>
 #include <QSemaphore>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTcpSocket>
 #include <QThread>
 #include <QTimer>
@@ -20,6 +22,8 @@
 #include <QtTest>
 
 #include <csignal>
+
+#include <sys/stat.h>
 
 using namespace ParameterCollection;
 
@@ -54,6 +58,10 @@ private Q_SLOTS:
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice_data();
     void shouldOpenEveryVendorDescriptionOnSimulatedDevice();
     void shouldReportMissingFileClearly();
+    void shouldRefuseWhatIsNotARegularFileWithoutReadingIt();
+    void shouldSayThatADescriptionIsTooLargeBeforeReadingIt();
+    void shouldAbandonACancelledOpenAtOnceAndListNothing();
+    void shouldGiveUpAnOpenPastItsTimeout();
     void shouldReopenALostSimulatedCameraOnlyOnceItAnswers();
     void shouldKeepTheEventLoopTurningWhileAStuckDeviceIsAsked();
     void shouldOpenBuiltinCameraWithFourModules();
@@ -144,6 +152,81 @@ void tst_CameraPool::shouldReportMissingFileClearly()
                      QStringLiteral("[/nonexistent/camera.xml] cannot open")),
                  e.what());
     }
+    QVERIFY(pool.getOpenDevices().isEmpty());
+}
+
+void tst_CameraPool::shouldRefuseWhatIsNotARegularFileWithoutReadingIt()
+{
+    // Given a FIFO nobody writes to, and a folder
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("camera.xml"));
+    QVERIFY(::mkfifo(QFile::encodeName(fifo).constData(), 0600) == 0);
+    Backend::CameraPool pool;
+
+    // Then neither opens, each with its reason, and the open does not block
+    QVERIFY(thrownText<InvalidArgumentException>([&] {
+                pool.openSimulated(fifo);
+            }).contains(QStringLiteral("not a regular file")));
+    QVERIFY(thrownText<InvalidArgumentException>([&] {
+                pool.openSimulated(dir.path());
+            }).contains(QStringLiteral("a folder")));
+    QVERIFY(pool.getOpenDevices().isEmpty());
+}
+
+void tst_CameraPool::shouldSayThatADescriptionIsTooLargeBeforeReadingIt()
+{
+    // Given a sparse file just above the bound
+    QTemporaryDir dir;
+    QFile big(dir.filePath(QStringLiteral("big.xml")));
+    QVERIFY(big.open(QIODevice::WriteOnly));
+    QVERIFY(big.resize(Backend::CameraPool::MAX_DESCRIPTION_BYTES + 1));
+    big.close();
+    Backend::CameraPool pool;
+
+    const QString thrown =
+        thrownText<InvalidArgumentException>([&] { pool.openSimulated(big.fileName()); });
+
+    // Then it is refused as too large, naming the bound, not as "not XML"
+    QVERIFY2(thrown.contains(QStringLiteral("too large")) &&
+                 thrown.contains(QStringLiteral("64 MiB")),
+             qPrintable(thrown));
+    QVERIFY(pool.getOpenDevices().isEmpty());
+}
+
+void tst_CameraPool::shouldAbandonACancelledOpenAtOnceAndListNothing()
+{
+    // Given an open of the built-in camera, cancelled as soon as the event loop turns in it
+    Backend::CameraPool pool;
+    QSignalSpy opened(&pool, &Backend::CameraPool::deviceOpened);
+    bool wasOpening = false;
+    QTimer::singleShot(0, &pool, [&pool, &wasOpening] {
+        wasOpening = pool.isOpening();
+        pool.cancelOpening();
+    });
+
+    const QString thrown = thrownText<TimeoutException>([&] { pool.openSimulated(); });
+
+    // Then it ends with the reason and lists nothing; the device thread ends on its own
+    QVERIFY(wasOpening);
+    QVERIFY2(thrown.contains(QStringLiteral("cancelled")), qPrintable(thrown));
+    QVERIFY(!pool.isOpening());
+    QVERIFY(pool.getOpenDevices().isEmpty());
+    QCOMPARE(opened.count(), 0);
+    QTRY_COMPARE(Backend::ThreadRetirement::runningCount(), 0);
+
+    // And the next open works
+    QVERIFY(pool.openSimulated());
+    QCOMPARE(pool.getOpenDevices().size(), 1);
+}
+
+void tst_CameraPool::shouldGiveUpAnOpenPastItsTimeout()
+{
+    Backend::CameraPool pool;
+    pool.setOpenTimeout(1);
+
+    const QString thrown = thrownText<TimeoutException>([&] { pool.openSimulated(); });
+
+    QVERIFY2(thrown.contains(QStringLiteral("did not finish opening")), qPrintable(thrown));
     QVERIFY(pool.getOpenDevices().isEmpty());
 }
 

@@ -6,7 +6,10 @@
 
 #include <parametercollection/exception.h>
 
+#include <QSemaphore>
 #include <QSignalSpy>
+#include <QThread>
+#include <QTimer>
 #include <QtTest>
 
 using namespace ParameterCollection;
@@ -83,6 +86,8 @@ private Q_SLOTS:
     void shouldWalkCategoriesNestedAHundredThousandDeep();
     void shouldEvaluateLongChainsOnTheDeviceThread();
     void shouldMarkEveryValueLostAndTellEveryViewWhenTheDeviceGoes();
+    void shouldWaitForAStuckDeviceThreadOnlyAsLongAsAsked();
+    void shouldThrowAtOnceWhenAnAttachIsCancelledAndRefuseTheNext();
 };
 
 void tst_DeviceParameterCollection::shouldAnswerStructureAndFirstValuesFromMemory()
@@ -642,6 +647,67 @@ void tst_DeviceParameterCollection::shouldEvaluateLongChainsOnTheDeviceThread()
     c.attachSimulated(QStringLiteral("CameraDevice"), describedAs(body));
     QCOMPARE(valueOf(c, QStringLiteral("@CameraDevice/Head")).toLongLong(), 7);
     QCOMPARE(valueOf(c, QStringLiteral("@CameraDevice/Knife0")).toLongLong(), 7 + length);
+}
+
+void tst_DeviceParameterCollection::shouldWaitForAStuckDeviceThreadOnlyAsLongAsAsked()
+{
+    auto c = openMinimal();
+    QVERIFY(c->waitForDevice(5000));
+    // Given the device thread stuck in a call
+    QSemaphore entered;
+    QSemaphore release;
+    QThread* holder = QThread::create([&c, &entered, &release] {
+        c->runOnDeviceThread([&entered, &release](Backend::DeviceWorker&) {
+            entered.release();
+            release.acquire();
+        });
+    });
+    holder->start();
+    entered.acquire();
+
+    // Then a bounded wait gives up, and succeeds once the thread is free again
+    QVERIFY(!c->waitForDevice(50));
+    release.release();
+    holder->wait();
+    delete holder;
+    QVERIFY(c->waitForDevice(5000));
+}
+
+void tst_DeviceParameterCollection::shouldThrowAtOnceWhenAnAttachIsCancelledAndRefuseTheNext()
+{
+    Backend::DeviceParameterCollection c(QStringLiteral("cancelled"));
+    QSignalSpy attached(&c, &IParameterCollection::nodeMapAttached);
+    // Given the device thread busy while the attach waits its turn
+    QSemaphore entered;
+    QSemaphore release;
+    QThread* holder = QThread::create([&c, &entered, &release] {
+        c.runOnDeviceThread([&entered, &release](Backend::DeviceWorker&) {
+            entered.release();
+            release.acquire();
+        });
+    });
+    holder->start();
+    entered.acquire();
+    QTimer::singleShot(0, &c, [&c] { c.cancelAttach(); });
+
+    // When the attach is cancelled, it throws with the reason, and nothing is attached
+    const QString thrown = thrownText<TimeoutException>([&] {
+        c.attachSimulated(QStringLiteral("CameraDevice"), testData(QStringLiteral("minimal.xml")));
+    });
+    QVERIFY2(thrown.contains(QStringLiteral("cancelled")), qPrintable(thrown));
+    QVERIFY(!c.isAttaching());
+    QVERIFY(c.getNodeMapNames().isEmpty());
+    release.release();
+    holder->wait();
+    delete holder;
+    QVERIFY(c.waitForDevice(5000));
+    QCOMPARE(attached.count(), 0);
+
+    // And the collection takes no further node map: its indices no longer match
+    QVERIFY(thrownText<AccessException>([&] {
+                c.attachSimulated(QStringLiteral("CameraDevice"),
+                                  testData(QStringLiteral("minimal.xml")));
+            }).contains(QStringLiteral("abandoned")));
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceParameterCollection)

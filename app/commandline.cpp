@@ -1,0 +1,142 @@
+#include "commandline.h"
+
+namespace VantoViewer {
+
+CommandLine::CommandLine()
+    : m_help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
+             QStringLiteral("Displays help on commandline options.")),
+      m_version(QStringList{QStringLiteral("v"), QStringLiteral("version")},
+                QStringLiteral("Displays version information.")),
+      m_simulate(QStringLiteral("simulate"),
+                 QStringLiteral("Open a simulated camera: the built-in one, or the GenICam "
+                                "description FILE.xml given as argument.")),
+      m_camera(QStringLiteral("camera"),
+               QStringLiteral("Open the camera with this id or IP address."),
+               QStringLiteral("ID|ADDRESS")),
+      m_dump(QStringLiteral("dump"),
+             QStringLiteral("Print the feature tree with values, then exit.")),
+      m_discover(
+          QStringLiteral("discover"),
+          QStringLiteral("Search every network interface and USB for cameras and list them.")),
+      m_pluginDir(QStringLiteral("plugin-dir"), QStringLiteral("Look for plug-ins in DIR first."),
+                  QStringLiteral("DIR")),
+      m_screenshot(QStringLiteral("screenshot"),
+                   QStringLiteral("Save the window as FILE.png once the features are shown, then "
+                                  "exit."),
+                   QStringLiteral("FILE.png")),
+      m_lang(QStringLiteral("lang"),
+             QStringLiteral("Language of the user interface (en, ja, ko, zh)."),
+             QStringLiteral("xx")),
+      m_panel(QStringLiteral("panel"),
+              QStringLiteral("Show this panel at start, by id (Nodescope.Widget.Basic) or title."),
+              QStringLiteral("PANEL"))
+{
+    m_parser.setApplicationDescription(
+        QStringLiteral("Vanto Viewer: browse and edit the GenICam features of cameras."));
+    m_parser.addOptions({m_help, m_version, m_simulate, m_camera, m_dump, m_discover, m_pluginDir,
+                         m_screenshot, m_lang, m_panel});
+    m_parser.addPositionalArgument(QStringLiteral("FILE.xml"),
+                                   QStringLiteral("GenICam description for --simulate."),
+                                   QStringLiteral("[FILE.xml]"));
+}
+
+bool CommandLine::fail(const QString& error)
+{
+    m_error = error;
+    return false;
+}
+
+bool CommandLine::parse(const QStringList& arguments)
+{
+    m_error.clear();
+    m_mode = Mode::Window;
+    if (!m_parser.parse(arguments)) {
+        return fail(m_parser.errorText());
+    }
+    const QStringList files = m_parser.positionalArguments();
+    if (files.size() > 1) {
+        return fail(QStringLiteral("only one description file can be simulated, %1 were given: %2")
+                        .arg(files.size())
+                        .arg(files.join(QStringLiteral(", "))));
+    }
+    if (!files.isEmpty() && !m_parser.isSet(m_simulate)) {
+        return fail(QStringLiteral("%1: a description file is opened only with --simulate")
+                        .arg(files.first()));
+    }
+    if (!files.isEmpty() && files.first().isEmpty()) {
+        return fail(QStringLiteral("the description file name is empty"));
+    }
+    if (m_parser.isSet(m_help)) {
+        m_mode = Mode::Help;
+        return true;
+    }
+    if (m_parser.isSet(m_version)) {
+        m_mode = Mode::Version;
+        return true;
+    }
+    if (m_parser.isSet(m_simulate) && m_parser.isSet(m_camera)) {
+        return fail(QStringLiteral("--simulate and --camera cannot be used together"));
+    }
+    if (m_parser.isSet(m_camera) && m_parser.value(m_camera).trimmed().isEmpty()) {
+        return fail(QStringLiteral("--camera needs an id or an address"));
+    }
+    if (m_parser.isSet(m_discover)) {
+        if (m_parser.isSet(m_dump) || m_parser.isSet(m_simulate) || m_parser.isSet(m_camera) ||
+            m_parser.isSet(m_screenshot)) {
+            return fail(QStringLiteral("--discover cannot be combined with opening a camera"));
+        }
+        m_mode = Mode::Discover;
+        return true;
+    }
+    if (m_parser.isSet(m_dump)) {
+        if (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel)) {
+            return fail(QStringLiteral("--dump shows no window: --screenshot and --panel do "
+                                       "not apply"));
+        }
+        m_mode = Mode::Dump;
+    }
+    return true;
+}
+
+QString CommandLine::helpText() const
+{
+    return m_parser.helpText();
+}
+
+bool CommandLine::simulate() const
+{
+    return m_parser.isSet(m_simulate);
+}
+
+QString CommandLine::simulatedFile() const
+{
+    const QStringList files = m_parser.positionalArguments();
+    return files.isEmpty() ? QString() : files.first();
+}
+
+QString CommandLine::camera() const
+{
+    return m_parser.value(m_camera);
+}
+
+QString CommandLine::pluginDir() const
+{
+    return m_parser.value(m_pluginDir);
+}
+
+QString CommandLine::screenshot() const
+{
+    return m_parser.value(m_screenshot);
+}
+
+QString CommandLine::language() const
+{
+    return m_parser.value(m_lang);
+}
+
+QString CommandLine::panel() const
+{
+    return m_parser.value(m_panel);
+}
+
+} // namespace VantoViewer

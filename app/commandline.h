@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+namespace VantoViewer {
+
+// What `vantoviewer` was asked to do. Anything it does not understand is an error, so that a
+// mistyped command never does something else in silence.
+class CommandLine {
+public:
+    enum class Mode { Window, Dump, Discover, Help, Version };
+
+    CommandLine();
+
+    // `arguments` starts with the program's name. Returns false with errorText() set when the
+    // arguments are not understood.
+    bool parse(const QStringList& arguments);
+    QString errorText() const { return m_error; }
+    // The usage text, as --help prints it.
+    QString helpText() const;
+
+    Mode mode() const { return m_mode; }
+    bool simulate() const;
+    // The description file for --simulate; empty for the built-in camera.
+    QString simulatedFile() const;
+    QString camera() const;
+    QString pluginDir() const;
+    QString screenshot() const;
+    QString language() const;
+    QString panel() const;
+
+private:
+    bool fail(const QString& error);
+
+    QCommandLineParser m_parser;
+    QCommandLineOption m_help;
+    QCommandLineOption m_version;
+    QCommandLineOption m_simulate;
+    QCommandLineOption m_camera;
+    QCommandLineOption m_dump;
+    QCommandLineOption m_discover;
+    QCommandLineOption m_pluginDir;
+    QCommandLineOption m_screenshot;
+    QCommandLineOption m_lang;
+    QCommandLineOption m_panel;
+    Mode m_mode = Mode::Window;
+    QString m_error;
+};
+
+} // namespace VantoViewer

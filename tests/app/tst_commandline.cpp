@@ -1,0 +1,114 @@
+#include "commandline.h"
+
+#include <QtTest>
+
+using VantoViewer::CommandLine;
+
+Q_DECLARE_METATYPE(CommandLine::Mode)
+
+class TestCommandLine : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shouldUnderstandEveryUseItOffers_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<CommandLine::Mode>("mode");
+        QTest::addColumn<QString>("simulatedFile");
+
+        const QString file = QStringLiteral("camera.xml");
+        QTest::newRow("window") << QStringList() << CommandLine::Mode::Window << QString();
+        QTest::newRow("built-in simulated")
+            << QStringList{QStringLiteral("--simulate")} << CommandLine::Mode::Window << QString();
+        QTest::newRow("simulated file")
+            << QStringList{QStringLiteral("--simulate"), file} << CommandLine::Mode::Window << file;
+        QTest::newRow("dump of a simulated file")
+            << QStringList{QStringLiteral("--dump"), QStringLiteral("--simulate"), file}
+            << CommandLine::Mode::Dump << file;
+        QTest::newRow("dump of the built-in camera")
+            << QStringList{QStringLiteral("--dump")} << CommandLine::Mode::Dump << QString();
+        QTest::newRow("help") << QStringList{QStringLiteral("--help")} << CommandLine::Mode::Help
+                              << QString();
+        QTest::newRow("version") << QStringList{QStringLiteral("-v")} << CommandLine::Mode::Version
+                                 << QString();
+        QTest::newRow("discover") << QStringList{QStringLiteral("--discover")}
+                                  << CommandLine::Mode::Discover << QString();
+    }
+
+    void shouldUnderstandEveryUseItOffers()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(CommandLine::Mode, mode);
+        QFETCH(QString, simulatedFile);
+        CommandLine commandLine;
+
+        QVERIFY2(commandLine.parse(QStringList{QStringLiteral("vantoviewer")} + arguments),
+                 qPrintable(commandLine.errorText()));
+
+        QCOMPARE(commandLine.mode(), mode);
+        QCOMPARE(commandLine.simulatedFile(), simulatedFile);
+        QVERIFY(commandLine.errorText().isEmpty());
+    }
+
+    void shouldRefuseWhatItDoesNotUnderstandAndSayWhat_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("error");
+
+        const QString file = QStringLiteral("camera.xml");
+        QTest::newRow("a file without --simulate")
+            << QStringList{file} << QStringLiteral("only with --simulate");
+        QTest::newRow("a file to dump without --simulate")
+            << QStringList{QStringLiteral("--dump"), file}
+            << QStringLiteral("only with --simulate");
+        QTest::newRow("two files") << QStringList{QStringLiteral("--simulate"), file, file}
+                                   << QStringLiteral("only one description file");
+        QTest::newRow("an unknown option")
+            << QStringList{QStringLiteral("--simulat")} << QStringLiteral("simulat");
+        QTest::newRow("an option without its value")
+            << QStringList{QStringLiteral("--camera")} << QStringLiteral("camera");
+        QTest::newRow("simulated and real")
+            << QStringList{QStringLiteral("--simulate"), QStringLiteral("--camera"),
+                           QStringLiteral("10.0.0.2")}
+            << QStringLiteral("cannot be used together");
+        QTest::newRow("discovery while opening")
+            << QStringList{QStringLiteral("--discover"), QStringLiteral("--dump")}
+            << QStringLiteral("--discover");
+        QTest::newRow("a screenshot of a dump")
+            << QStringList{QStringLiteral("--dump"), QStringLiteral("--screenshot"),
+                           QStringLiteral("a.png")}
+            << QStringLiteral("--screenshot");
+        QTest::newRow("a stray file after --version")
+            << QStringList{QStringLiteral("--version"), file}
+            << QStringLiteral("only with --simulate");
+        QTest::newRow("an empty file name")
+            << QStringList{QStringLiteral("--simulate"), QString()} << QStringLiteral("empty");
+    }
+
+    void shouldRefuseWhatItDoesNotUnderstandAndSayWhat()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, error);
+        CommandLine commandLine;
+
+        QVERIFY(!commandLine.parse(QStringList{QStringLiteral("vantoviewer")} + arguments));
+
+        QVERIFY2(commandLine.errorText().contains(error), qPrintable(commandLine.errorText()));
+    }
+
+    void shouldOfferUsageThatNamesEveryOption()
+    {
+        CommandLine commandLine;
+        commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--bogus")});
+
+        const QString usage = commandLine.helpText();
+
+        for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
+                                   "--screenshot", "--lang", "--panel", "FILE.xml"}) {
+            QVERIFY2(usage.contains(QLatin1String(option)), option);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCommandLine)
+#include "tst_commandline.moc"
