@@ -116,6 +116,7 @@ private:
     // Shows and keeps the level without asking the panels: they reported it, or are asked next.
     bool showVisibility(GenApi::EVisibility visibility);
     void onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    void unregisterFromPanels(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();
     void createCameraActions();
