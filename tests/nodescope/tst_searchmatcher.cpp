@@ -52,8 +52,57 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(bool, found);
         QCOMPARE(SearchMatcher(text).matches(name), found);
+        // And the quick test by characters never rules out a name that holds the text
+        if (found) {
+            QVERIFY(SearchMatcher(text).mayMatch(SearchMatcher::charactersOf(name)));
+        }
         // The same answer as Qt's own case-insensitive search
         QCOMPARE(name.contains(text, Qt::CaseInsensitive), found);
+    }
+
+    void shouldRuleOutNamesLackingACharacterOfAnAsciiText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("possible");
+        QTest::newRow("letter missing") << "x"
+                                        << "GainAuto" << false;
+        QTest::newRow("letters present, other order") << "niag"
+                                                      << "GainAuto" << true;
+        QTest::newRow("other case") << "GAIN"
+                                    << "gain" << true;
+        QTest::newRow("digit missing") << "2"
+                                       << "Line3" << false;
+        QTest::newRow("digit sharing its bits") << "2"
+                                                << "Line6" << true;
+        QTest::newRow("blank missing") << "e t"
+                                       << "ExposureTime" << false;
+        QTest::newRow("other characters share one bit") << "_"
+                                                        << "Exposure (us)" << true;
+        QTest::newRow("non-ASCII text rules out nothing") << "\u00b5s"
+                                                          << "Gain" << true;
+        QTest::newRow("non-ASCII name characters count for nothing") << "s"
+                                                                     << "\u00b5" << false;
+        QTest::newRow("empty text rules out nothing") << ""
+                                                      << "Gain" << true;
+    }
+    void shouldRuleOutNamesLackingACharacterOfAnAsciiText()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, name);
+        QFETCH(bool, possible);
+        QCOMPARE(SearchMatcher(text).mayMatch(SearchMatcher::charactersOf(name)), possible);
+        // Ruled out means not found
+        if (!possible) {
+            QVERIFY(!SearchMatcher(text).matches(name));
+        }
+    }
+
+    void shouldGiveEveryNameSomeCharacters()
+    {
+        // 0 stays free for "not known yet"
+        QVERIFY(SearchMatcher::charactersOf(QString()) != 0);
+        QVERIFY(SearchMatcher::charactersOf(QStringLiteral("\u00e4")) != 0);
     }
 
     void shouldMatchNothingForAnEmptyText()
