@@ -138,6 +138,8 @@ private Q_SLOTS:
 private:
     std::unique_ptr<CFeatureTreeWidget> makePanel(const char* widgetId, QQuickView* view = nullptr);
     std::unique_ptr<QQuickView> makeEditor();
+    // The all-features panel on screen, the first camera registered and active.
+    std::unique_ptr<CFeatureTreeWidget> showFirstCamera();
 
     QTemporaryDir m_settingsDir;
     Backend::CameraPool m_pool;
@@ -191,6 +193,17 @@ std::unique_ptr<CFeatureTreeWidget> tst_CameraFeatureTreeWidget::makePanel(const
     auto panel = std::make_unique<CFeatureTreeWidget>(m_menus, m_control, m_poolRef, m_useCases,
                                                       m_windows, Core::CId(widgetId), view);
     panel->resize(700, 500);
+    return panel;
+}
+
+std::unique_ptr<CFeatureTreeWidget> tst_CameraFeatureTreeWidget::showFirstCamera()
+{
+    auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
+    panel->show();
+    if (QTest::qWaitForWindowExposed(panel.get())) {
+        m_control->registerDevice(m_camera);
+        m_control->setActiveDevice(m_camera);
+    }
     return panel;
 }
 
@@ -690,12 +703,9 @@ void tst_CameraFeatureTreeWidget::shouldKeepColumnWidthsAndPollingForTheNextStar
     {
         // Given a run in which the user moved the tree's splitter, widened the name column and
         // ticked "Polling"
-        auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
-        panel->show();
-        QVERIFY(QTest::qWaitForWindowExposed(panel.get()));
-        m_control->registerDevice(m_camera);
-        m_control->setActiveDevice(m_camera);
+        auto panel = showFirstCamera();
         FeatureTreeWidget* tree = panel->activeTree();
+        QVERIFY(tree);
         auto* splitter = tree->findChild<QSplitter*>(QStringLiteral("splitter"));
         QTRY_VERIFY(splitter->sizes().at(0) > 0);
         QList<int> sizes = splitter->sizes();
@@ -728,14 +738,11 @@ void tst_CameraFeatureTreeWidget::shouldKeepColumnWidthsAndPollingForTheNextStar
                  .isValid());
 
     // When the panel is made again at the next start
-    auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
-    panel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(panel.get()));
-    m_control->registerDevice(m_camera);
-    m_control->setActiveDevice(m_camera);
+    auto panel = showFirstCamera();
 
     // Then the camera's tree comes back as the user left it
     FeatureTreeWidget* tree = panel->activeTree();
+    QVERIFY(tree);
     auto* splitter = tree->findChild<QSplitter*>(QStringLiteral("splitter"));
     QTRY_COMPARE(splitter->sizes().at(0), treeWidth);
     QCOMPARE(tree->treeView()->header()->sectionSize(0), nameWidth);

@@ -65,26 +65,27 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("possible");
-        QTest::newRow("letter missing") << "x"
-                                        << "GainAuto" << false;
-        QTest::newRow("letters present, other order") << "niag"
-                                                      << "GainAuto" << true;
-        QTest::newRow("other case") << "GAIN"
-                                    << "gain" << true;
-        QTest::newRow("digit missing") << "2"
-                                       << "Line3" << false;
-        QTest::newRow("digit sharing its bits") << "2"
-                                                << "Line6" << true;
-        QTest::newRow("blank missing") << "e t"
-                                       << "ExposureTime" << false;
-        QTest::newRow("other characters share one bit") << "_"
-                                                        << "Exposure (us)" << true;
-        QTest::newRow("non-ASCII text rules out nothing") << "\u00b5s"
-                                                          << "Gain" << true;
-        QTest::newRow("non-ASCII name characters count for nothing") << "s"
-                                                                     << "\u00b5" << false;
-        QTest::newRow("empty text rules out nothing") << ""
-                                                      << "Gain" << true;
+        const struct {
+            const char* row;
+            const char* text;
+            const char* name;
+            bool possible;
+        } cases[] = {
+            {"letter missing", "x", "GainAuto", false},
+            {"letters present, other order", "niag", "GainAuto", true},
+            {"other case", "GAIN", "gain", true},
+            {"digit missing", "2", "Line3", false},
+            {"digit sharing its bits", "2", "Line6", true},
+            {"blank missing", "e t", "ExposureTime", false},
+            {"other characters share one bit", "_", "Exposure (us)", true},
+            {"non-ASCII text rules out nothing", "\u00b5s", "Gain", true},
+            {"non-ASCII name characters count for nothing", "s", "\u00b5", false},
+            {"empty text rules out nothing", "", "Gain", true},
+        };
+        for (const auto& c : cases) {
+            QTest::newRow(c.row) << QString::fromUtf8(c.text) << QString::fromUtf8(c.name)
+                                 << c.possible;
+        }
     }
     void shouldRuleOutNamesLackingACharacterOfAnAsciiText()
     {
