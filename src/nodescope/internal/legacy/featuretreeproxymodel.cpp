@@ -11,7 +11,7 @@ namespace {
 
 int slotOf(const void* feature, int slotCount)
 {
-    // Fibonacci hashing of the address; items lie at least 16 bytes apart.
+    // Fibonacci hashing of the address; heap objects lie at least 16 bytes apart.
     const quint64 hash = (quint64(quintptr(feature)) >> 4) * Q_UINT64_C(0x9E3779B97F4A7C15);
     return int(hash >> 32) & (slotCount - 1);
 }
