@@ -251,9 +251,7 @@ void MainWindow::removeDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo
     if (!info || !m_devicesPane->devices().contains(info)) {
         return;
     }
-    if (m_controlService) {
-        m_controlService->unregisterDevice(info);
-    }
+    unregisterFromPanels(info);
     if (m_pool) {
         if (const auto collection = m_pool->getParameterCollection(info)) {
             disconnect(collection.data(), nullptr, this, nullptr);
@@ -341,9 +339,7 @@ MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>&
     }
     // The panels let go of the lost camera before they get the new one, so that they never
     // show both; the row keeps its place.
-    if (m_controlService) {
-        m_controlService->unregisterDevice(info);
-    }
+    unregisterFromPanels(info);
     if (const auto old = m_pool->getParameterCollection(info)) {
         disconnect(old.data(), nullptr, this, nullptr);
         disconnect(old.data(), nullptr, m_statusBar, nullptr);
@@ -402,6 +398,19 @@ void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::
     }
     if (m_controlService) {
         m_controlService->setActiveDevice(info);
+    }
+}
+
+void MainWindow::unregisterFromPanels(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
+{
+    if (!m_controlService) {
+        return;
+    }
+    m_controlService->unregisterDevice(info);
+    // A panel drops the camera it shows whichever camera goes; the user's choice stays in view.
+    const QSharedPointer<Plugin::CameraPool::IBaseInfo> active = m_devicesPane->activeDevice();
+    if (active && active != info) {
+        m_controlService->setActiveDevice(active);
     }
 }
 

@@ -118,6 +118,7 @@ private:
     // The level kept for the window or a panel, or -1 when none is kept.
     int storedLevel(const Core::CId& widgetId) const;
     void onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
+    void unregisterFromPanels(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();
     void createCameraActions();

@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDebug>
+#include <QEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMenu>
@@ -81,6 +82,8 @@ CFeatureTreeWidget::CFeatureTreeWidget(
             m_visibility = static_cast<GenApi::EVisibility>(level);
         }
     }
+
+    m_polling = storedPanelSetting(Constants::SETTINGS_POLLING, false).toBool();
 
     m_layout = new QVBoxLayout(this);
     m_layout->setContentsMargins(0, 0, 0, 0);
@@ -245,13 +248,11 @@ FeatureTreeWidget* CFeatureTreeWidget::createTree(const BaseInfoPtr& info)
         tree->setAddNewFavoriteButtonVisible(isAllPanel());
     }
     tree->setPolling(m_polling);
-    if (m_windowService) {
-        const int width =
-            m_windowService
-                ->restoreState(m_widgetId, QLatin1String(Constants::STATE_CATEGORY_COLUMN_WIDTH),
-                               -1)
-                .toInt();
-        tree->setCategoryColumnSize(width);
+    tree->setFeatureColumnSize(
+        storedPanelSetting(Constants::SETTINGS_FEATURE_COLUMN_WIDTH, -1).toInt());
+    if (storedPanelSetting(Constants::SETTINGS_CATEGORY_COLUMN_WIDTH, -1).toInt() >= 0) {
+        // The split needs the tree's real width: it is applied once the tree is laid out.
+        tree->installEventFilter(this);
     }
 
     // What every tree of the panel shares, whether it is shown or not.
@@ -264,11 +265,15 @@ FeatureTreeWidget* CFeatureTreeWidget::createTree(const BaseInfoPtr& info)
     connect(tree, &FeatureTreeWidget::orderOfTableItemsChanged, this,
             &CFeatureTreeWidget::onTableOrderChanged);
     connect(tree, &FeatureTreeWidget::categoryColumnWidthChanged, this, [this](int width) {
-        if (m_windowService) {
-            m_windowService->saveState(
-                m_widgetId, QLatin1String(Constants::STATE_CATEGORY_COLUMN_WIDTH), width);
-        }
+        storePanelSetting(Constants::SETTINGS_CATEGORY_COLUMN_WIDTH, width);
     });
+    connect(tree, &FeatureTreeWidget::firstSectionSizeChanged, this,
+            [this](int width, bool byUser) {
+                // Widths fitted to the view follow the view; only the user's choice is kept.
+                if (byUser) {
+                    storePanelSetting(Constants::SETTINGS_FEATURE_COLUMN_WIDTH, width);
+                }
+            });
     connect(tree, &FeatureTreeWidget::visibilityChanged, this,
             [this](GenApi::EVisibility visibility) {
                 // Cameras registered later open at the level the user chose last.
@@ -366,9 +371,8 @@ void CFeatureTreeWidget::removeDevice(const BaseInfoPtr& info)
         }
     }
     FeatureTreeWidget* tree = m_trees.take(info);
-    if (tree && tree == m_activeTree) {
-        setActiveTree(nullptr);
-    }
+    // Whichever camera went, the panel waits for the host to name the active one again.
+    setActiveTree(nullptr);
     if (tree) {
         tree->deviceIsClosed();
         tree->hide();
@@ -452,9 +456,42 @@ void CFeatureTreeWidget::applyUseCases(FeatureTreeWidget* tree)
 void CFeatureTreeWidget::onPollingStateChanged(bool on)
 {
     m_polling = on;
+    storePanelSetting(Constants::SETTINGS_POLLING, on);
     for (FeatureTreeWidget* tree : qAsConst(m_trees)) {
         tree->setPolling(on);
     }
+}
+
+bool CFeatureTreeWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* tree = qobject_cast<FeatureTreeWidget*>(watched);
+    // A tree's panes have their widths once it is shown in a visible panel.
+    if (tree && (event->type() == QEvent::Show || event->type() == QEvent::Resize) &&
+        tree->isVisible()) {
+        tree->removeEventFilter(this);
+        tree->setCategoryColumnSize(
+            storedPanelSetting(Constants::SETTINGS_CATEGORY_COLUMN_WIDTH, -1).toInt());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+QString CFeatureTreeWidget::panelSettingsKey(const char* key) const
+{
+    return QLatin1String(key) + QLatin1Char('/') + m_widgetId.toString();
+}
+
+QVariant CFeatureTreeWidget::storedPanelSetting(const char* key, const QVariant& defaultValue) const
+{
+    QSettings settings;
+    settings.beginGroup(QLatin1String(Constants::SETTINGS_GROUP));
+    return settings.value(panelSettingsKey(key), defaultValue);
+}
+
+void CFeatureTreeWidget::storePanelSetting(const char* key, const QVariant& value) const
+{
+    QSettings settings;
+    settings.beginGroup(QLatin1String(Constants::SETTINGS_GROUP));
+    settings.setValue(panelSettingsKey(key), value);
 }
 
 void CFeatureTreeWidget::onRefreshRequested()

@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QSharedPointer>
 #include <QString>
+#include <QVariant>
 #include <QWidget>
 
 class FeatureTreeWidget;
@@ -94,10 +95,17 @@ private Q_SLOTS:
     void onOptionsMenuAccepted();
     void onOptionsMenuCancelled();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     using BaseInfoPtr = QSharedPointer<Plugin::CameraPool::IBaseInfo>;
     using CollectionPtr = QSharedPointer<ParameterCollection::IParameterCollection>;
 
+    // This panel's own settings, in the settings group "Nodescope".
+    QString panelSettingsKey(const char* key) const;
+    QVariant storedPanelSetting(const char* key, const QVariant& defaultValue) const;
+    void storePanelSetting(const char* key, const QVariant& value) const;
     bool isAllPanel() const;
     bool isBasicPanel() const;
     FeatureTreeWidget* createTree(const BaseInfoPtr& info);

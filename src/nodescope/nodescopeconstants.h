@@ -26,9 +26,14 @@ const char* const A_EDIT_FEATURE_TABS = "Nodescope.EditFeatureTabs";
 const char* const SETTINGS_GROUP = "Nodescope";
 const char* const SETTINGS_USER_TAB_NAME = "UserTabName";
 const char* const SETTINGS_USER_TAB_FEATURES = "UserTabFeatures";
+// A panel's own settings go under the key, a slash and the panel's id
+// ("Polling/Nodescope.Widget.All"): the width of the tree beside the feature table, the width of
+// the tree's name column and whether its features are polled.
+const char* const SETTINGS_CATEGORY_COLUMN_WIDTH = "CategoryColumnWidth";
+const char* const SETTINGS_FEATURE_COLUMN_WIDTH = "FeatureColumnWidth";
+const char* const SETTINGS_POLLING = "Polling";
 
 // Panel state kept through the host's window service, per panel.
-const char* const STATE_CATEGORY_COLUMN_WIDTH = "CategoryColumnWidth";
 const char* const STATE_VISIBILITY = "Visibility";
 
 } // namespace Constants

@@ -344,6 +344,30 @@ private Q_SLOTS:
         QCOMPARE(m_window->devicesPane()->deviceList()->count(), 0);
     }
 
+    void closingAnotherCameraKeepsTheActiveOneShown()
+    {
+        // Given two cameras listed, the first one active and shown
+        const auto first = m_pool->openSimulated();
+        const auto second = m_pool->openSimulated();
+        m_window->addDevice(first);
+        m_window->addDevice(second);
+        m_window->devicesPane()->setActiveDevice(first);
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTreeRows(all) > 0);
+        QAction* copy = actionNamed(m_window->menuService()->menu(Core::CId(Constants::M_CAMERA)),
+                                    QStringLiteral("Copy Camera Features"));
+        QVERIFY(copy);
+
+        // When the other one is closed
+        m_window->closeCamera(second);
+
+        // Then the panel goes on showing the active camera's features, at once
+        QCOMPARE(m_window->devicesPane()->activeDevice(), first);
+        QVERIFY(visibleTreeRows(all) > 0);
+        QVERIFY(!all->findChild<QLabel*>(QStringLiteral("placeholderLabel"))->isVisible());
+        QVERIFY(copy->isEnabled());
+    }
+
     void basicPanelShowsTheBasicUseCase()
     {
         QDockWidget* basic = m_window->panelDock(Core::CId("Nodescope.Widget.Basic"));

@@ -4,6 +4,7 @@
 #include "featuretreeusecaseservice.h"
 #include "featuretreewidget.h"
 #include "internal/legacy/featuretreeproxymodel.h"
+#include "internal/legacy/featuretreeview.h"
 #include "internal/legacy/featuretreewidget.h"
 #include "internal/view/featureoptionsmenu.h"
 #include "internal/view/featuretableview.h"
@@ -22,6 +23,8 @@
 #include <QQmlEngine>
 #include <QQuickView>
 #include <QSettings>
+#include <QSplitter>
+#include <QHeaderView>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -106,7 +109,7 @@ private Q_SLOTS:
     void shouldLogInfoIsNullForNullCameras();
     void shouldShowThePlaceholderAndDisableCopyWhenTheActiveCameraGoes();
     void shouldShowThePlaceholderWhenAnUnregisteredCameraIsActivated();
-    void shouldKeepShowingTheActiveCameraWhenAnotherGoes();
+    void shouldShowThePlaceholderWhenAnInactiveCameraGoes();
     void shouldKeepTheTreeWhenTheActiveCameraIsNull();
     void shouldSwitchBetweenTheTreesOfTwoCameras();
     void shouldForwardTheSignalsOfTheShownTreeOnly();
@@ -122,6 +125,7 @@ private Q_SLOTS:
     void shouldIgnoreAVisibilityOutOfRange();
     void shouldApplyThePollingStateToEveryTree();
     void shouldFollowPollingSwitchedInOneTree();
+    void shouldKeepColumnWidthsAndPollingForTheNextStart();
     void shouldListTheStoredFeaturesOfItsUserTab();
     void shouldFollowItsUserTabAtOnceWhenStored();
     void shouldIgnoreEmptyAndDoubledStoredFeatures();
@@ -134,6 +138,8 @@ private Q_SLOTS:
 private:
     std::unique_ptr<CFeatureTreeWidget> makePanel(const char* widgetId, QQuickView* view = nullptr);
     std::unique_ptr<QQuickView> makeEditor();
+    // The all-features panel on screen, the first camera registered and active.
+    std::unique_ptr<CFeatureTreeWidget> showFirstCamera();
 
     QTemporaryDir m_settingsDir;
     Backend::CameraPool m_pool;
@@ -187,6 +193,17 @@ std::unique_ptr<CFeatureTreeWidget> tst_CameraFeatureTreeWidget::makePanel(const
     auto panel = std::make_unique<CFeatureTreeWidget>(m_menus, m_control, m_poolRef, m_useCases,
                                                       m_windows, Core::CId(widgetId), view);
     panel->resize(700, 500);
+    return panel;
+}
+
+std::unique_ptr<CFeatureTreeWidget> tst_CameraFeatureTreeWidget::showFirstCamera()
+{
+    auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
+    panel->show();
+    if (QTest::qWaitForWindowExposed(panel.get())) {
+        m_control->registerDevice(m_camera);
+        m_control->setActiveDevice(m_camera);
+    }
     return panel;
 }
 
@@ -355,19 +372,31 @@ void tst_CameraFeatureTreeWidget::shouldShowThePlaceholderWhenAnUnregisteredCame
     QVERIFY(!panel->copyCameraFeaturesAction()->isEnabled());
 }
 
-void tst_CameraFeatureTreeWidget::shouldKeepShowingTheActiveCameraWhenAnotherGoes()
+void tst_CameraFeatureTreeWidget::shouldShowThePlaceholderWhenAnInactiveCameraGoes()
 {
+    // Given two registered cameras, the first one shown
     auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
     panel->show();
     m_control->registerDevice(m_camera);
     m_control->registerDevice(m_secondCamera);
     m_control->setActiveDevice(m_camera);
+    QPointer<FeatureTreeWidget> shown = panel->treeOf(m_camera);
 
+    // When the other one is unregistered
     m_control->unregisterDevice(m_secondCamera);
 
+    // Then the panel lets go of the shown tree too, until the host names the active camera
     QVERIFY(!panel->treeOf(m_secondCamera));
-    QCOMPARE(panel->activeTree(), panel->treeOf(m_camera));
-    QVERIFY(panel->activeTree()->isVisible());
+    QVERIFY(!panel->activeTree());
+    QVERIFY(panel->placeholder()->isVisible());
+    QVERIFY(!panel->copyCameraFeaturesAction()->isEnabled());
+    QVERIFY(shown && !shown->isVisible());
+    QCOMPARE(panel->treeOf(m_camera), shown.data());
+
+    // And naming it again shows its tree as it was
+    m_control->setActiveDevice(m_camera);
+    QCOMPARE(panel->activeTree(), shown.data());
+    QVERIFY(shown->isVisible());
     QVERIFY(!panel->placeholder()->isVisible());
     QVERIFY(panel->copyCameraFeaturesAction()->isEnabled());
 }
@@ -663,6 +692,63 @@ void tst_CameraFeatureTreeWidget::shouldFollowPollingSwitchedInOneTree()
     QVERIFY(panel->activeTree()->getPolling());
     auto* secondBox = panel->activeTree()->findChild<QCheckBox*>(QStringLiteral("checkBoxPolling"));
     QVERIFY(secondBox->isChecked());
+    panel->onPollingStateChanged(false);
+}
+
+void tst_CameraFeatureTreeWidget::shouldKeepColumnWidthsAndPollingForTheNextStart()
+{
+    const Core::CId panelId(Constants::W_FEATURETREE_WIDGET_ALL);
+    int treeWidth = 0;
+    const int nameWidth = 170;
+    {
+        // Given a run in which the user moved the tree's splitter, widened the name column and
+        // ticked "Polling"
+        auto panel = showFirstCamera();
+        FeatureTreeWidget* tree = panel->activeTree();
+        QVERIFY(tree);
+        auto* splitter = tree->findChild<QSplitter*>(QStringLiteral("splitter"));
+        QTRY_VERIFY(splitter->sizes().at(0) > 0);
+        QList<int> sizes = splitter->sizes();
+        treeWidth = sizes.at(0) - 60;
+        sizes[2] += 60;
+        sizes[0] = treeWidth;
+        splitter->setSizes(sizes);
+        Q_EMIT splitter->splitterMoved(treeWidth, 1);
+        tree->treeView()->header()->resizeSection(0, nameWidth);
+        auto* box = tree->findChild<QCheckBox*>(QStringLiteral("checkBoxPolling"));
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+        QVERIFY(panel->pollingState());
+    }
+
+    // Then they are kept in the plug-in's settings group, not in the host's panel state
+    {
+        QSettings settings;
+        settings.beginGroup(QLatin1String(Constants::SETTINGS_GROUP));
+        const QString suffix = QLatin1Char('/') + panelId.toString();
+        QCOMPARE(settings.value(QLatin1String(Constants::SETTINGS_CATEGORY_COLUMN_WIDTH) + suffix)
+                     .toInt(),
+                 treeWidth);
+        QCOMPARE(settings.value(QLatin1String(Constants::SETTINGS_FEATURE_COLUMN_WIDTH) + suffix)
+                     .toInt(),
+                 nameWidth);
+        QCOMPARE(settings.value(QLatin1String(Constants::SETTINGS_POLLING) + suffix).toBool(),
+                 true);
+    }
+    QVERIFY(!m_windows->restoreState(panelId, QStringLiteral("CategoryColumnWidth"), QVariant())
+                 .isValid());
+
+    // When the panel is made again at the next start
+    auto panel = showFirstCamera();
+
+    // Then the camera's tree comes back as the user left it
+    FeatureTreeWidget* tree = panel->activeTree();
+    QVERIFY(tree);
+    auto* splitter = tree->findChild<QSplitter*>(QStringLiteral("splitter"));
+    QTRY_COMPARE(splitter->sizes().at(0), treeWidth);
+    QCOMPARE(tree->treeView()->header()->sectionSize(0), nameWidth);
+    QVERIFY(panel->pollingState());
+    QVERIFY(tree->getPolling());
+    QVERIFY(tree->findChild<QCheckBox*>(QStringLiteral("checkBoxPolling"))->isChecked());
     panel->onPollingStateChanged(false);
 }
 

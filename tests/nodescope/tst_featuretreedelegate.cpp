@@ -534,6 +534,44 @@ private Q_SLOTS:
         QCOMPARE(ours, theirs);
     }
 
+    void shouldPaintTheSelectedNameBold_data()
+    {
+        QTest::addColumn<QString>("search");
+        QTest::newRow("no search text") << QString();
+        QTest::newRow("search text not in the name") << QStringLiteral("zzz");
+    }
+
+    void shouldPaintTheSelectedNameBold()
+    {
+        // Given a selected row whose name holds no match
+        QFETCH(QString, search);
+        m_highlighter->setTextToHighlight(search);
+        const QModelIndex i = index(QStringLiteral("IntPlain"), 0);
+        QStyleOptionViewItem option;
+        option.initFrom(m_view->viewport());
+        option.rect = QRect(0, 0, 200, 24);
+        option.widget = m_view.get();
+        option.state |= QStyle::State_Selected;
+        QStyleOptionViewItem bold(option);
+        bold.font.setWeight(75);
+        const auto paint = [&i](const QAbstractItemDelegate& delegate,
+                                const QStyleOptionViewItem& how) {
+            QImage image(200, 24, QImage::Format_ARGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            delegate.paint(&painter, how, i);
+            return image;
+        };
+        QStyledItemDelegate base;
+
+        // When the delegate paints its name
+        const QImage ours = paint(*m_delegate, option);
+
+        // Then it is the base delegate's cell in a bold font, without marks
+        QCOMPARE(ours, paint(base, bold));
+        QVERIFY(ours != paint(base, option));
+    }
+
     void shouldMarkSearchMatchesInTheName()
     {
         // Given the search text "Integer" and the row "Plain Integer"

@@ -502,6 +502,52 @@ private Q_SLOTS:
         QCOMPARE(name(), QStringLiteral("Plain Integer"));
     }
 
+    void shouldMarkExactlyTheRowsWhoseNamesHoldTheTextAsItChanges()
+    {
+        // Given the built-in camera's whole tree
+        auto camera = openSimulatedCamera();
+        FeatureTreeModel model;
+        model.addParameterCollection(camera->collection, "Camera", "@CameraDevice", false);
+        QVERIFY(loadEverything(model) > 300);
+        const QStringList texts = {QStringLiteral("G"),        QStringLiteral("Ga"),
+                                   QStringLiteral("Gain"),     QStringLiteral("GainX"),
+                                   QStringLiteral("Exposure"), QStringLiteral("x"),
+                                   QStringLiteral("ex"),       QString(),
+                                   QStringLiteral("e T"),      QStringLiteral("1"),
+                                   QStringLiteral("_"),        QStringLiteral("\u00b5s"),
+                                   QStringLiteral("TIME"),     QStringLiteral("Vnt"),
+                                   QStringLiteral("vntc")};
+        QSet<QString> found;
+        for (const QString& text : texts) {
+            // When the text changes: typed on, cut back, replaced, cleared
+            model.setSearchRegExp(text);
+
+            // Then every row is marked exactly when one of its names holds the text
+            QList<FeatureTreeItem*> pending{model.rootItem()};
+            while (!pending.isEmpty()) {
+                FeatureTreeItem* item = pending.takeLast();
+                for (int row = 0; row < item->childCount(); ++row) {
+                    FeatureTreeItem* child = item->child(row);
+                    pending.append(child);
+                    const bool holds =
+                        !text.isEmpty() &&
+                        (child->getDisplayedName().contains(text, Qt::CaseInsensitive) ||
+                         child->getTechnicalName().contains(text, Qt::CaseInsensitive));
+                    QVERIFY2(child->isSearched() == holds,
+                             qPrintable(text + QLatin1String(": ") + child->getFullName()));
+                    if (holds) {
+                        found.insert(text);
+                    }
+                }
+            }
+        }
+        // And the texts that name features of the camera found them
+        for (const char* text :
+             {"G", "Ga", "Gain", "Exposure", "x", "ex", "e T", "1", "TIME", "Vnt", "vntc"}) {
+            QVERIFY2(found.contains(QLatin1String(text)), text);
+        }
+    }
+
     void shouldTreatTheSearchTextAsPlainText()
     {
         m_model->setSearchRegExp(QStringLiteral("Int("));

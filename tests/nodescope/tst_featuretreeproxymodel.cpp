@@ -178,6 +178,7 @@ private Q_SLOTS:
     void shouldHideFeatureThatBecameUnavailableAtNextFiltering();
     void shouldCountFeatureOfTwoCategoriesOnce_data();
     void shouldCountFeatureOfTwoCategoriesOnce();
+    void shouldCountEveryShownFeatureOnceInEveryPass();
     void shouldShowCategoryExactlyWhenFeatureBelowIsShown_data();
     void shouldShowCategoryExactlyWhenFeatureBelowIsShown();
     void shouldShowNodemapRowOnlyWithShownDescendant();
@@ -469,6 +470,32 @@ void tst_FeatureTreeProxyModel::shouldCountFeatureOfTwoCategoriesOnce()
     QCOMPARE(shownRows.count(fullName(QStringLiteral("Shared"))), 2);
     QCOMPARE(tree->proxy.getVisibleMatchCount(), visibleMatches);
     QCOMPARE(tree->proxy.getInvisibleMatchCount(), invisibleMatches);
+}
+
+void tst_FeatureTreeProxyModel::shouldCountEveryShownFeatureOnceInEveryPass()
+{
+    // Given the built-in camera's hundreds of features under a Guru proxy
+    auto tree = openTree(QString());
+    addCameraDevice(*tree);
+    QStringList guru = shownFeatures(tree->proxy);
+    guru.removeDuplicates();
+    QVERIFY(guru.size() > 200);
+    QCOMPARE(tree->proxy.getVisibleMatchCount(), guru.size());
+
+    // When the level goes down, then up again, each time in a whole new pass
+    tree->proxy.setVisibility(GenApi::Beginner);
+    expandAll(tree->proxy);
+    QStringList beginner = shownFeatures(tree->proxy);
+    beginner.removeDuplicates();
+    QVERIFY(!beginner.isEmpty());
+    QVERIFY(beginner.size() < guru.size());
+    QCOMPARE(tree->proxy.getVisibleMatchCount(), beginner.size());
+    tree->proxy.setVisibility(GenApi::Guru);
+    expandAll(tree->proxy);
+
+    // Then each pass counts its own shown features, each once, and nothing of the last one
+    QCOMPARE(tree->proxy.getVisibleMatchCount(), guru.size());
+    QCOMPARE(tree->proxy.getInvisibleMatchCount(), 0);
 }
 
 void tst_FeatureTreeProxyModel::shouldShowCategoryExactlyWhenFeatureBelowIsShown_data()

@@ -847,6 +847,43 @@ private Q_SLOTS:
         QCOMPARE(m_widget->treeView()->getHighlighter()->getTextToHighlight(), QString());
     }
 
+    void shouldBreakTheEscapeRowWithKeysTheViewsTake_data()
+    {
+        QTest::addColumn<QString>("view");
+        QTest::newRow("tree") << QStringLiteral("treeView");
+        QTest::newRow("table") << QStringLiteral("nodescopeTableView");
+    }
+
+    void shouldBreakTheEscapeRowWithKeysTheViewsTake()
+    {
+        // Given a search, and a view with the focus on a row that has one below it
+        QFETCH(QString, view);
+        if (view == QLatin1String("nodescopeTableView")) {
+            makeFeatureTab({QStringLiteral("IntPlain"), QStringLiteral("IntLinear")});
+        }
+        filterEdit()->setText(QStringLiteral("Int"));
+        activate(m_widget.get());
+        auto* target = m_widget->findChild<QAbstractItemView*>(view);
+        QVERIFY(target);
+        const QModelIndex first = target->model()->index(0, 0);
+        target->setCurrentIndex(first);
+        target->setFocus();
+        QTRY_VERIFY(target->hasFocus());
+
+        // When Escape, then Down, which the view takes to move its row, then Escape are pressed
+        QTest::keyClick(target, Qt::Key_Escape);
+        QTest::keyClick(target, Qt::Key_Down);
+        QVERIFY(target->currentIndex().isValid());
+        QVERIFY(target->currentIndex() != first);
+        QTest::keyClick(target, Qt::Key_Escape);
+
+        // Then the search stays: Down broke the row
+        QCOMPARE(filterEdit()->text(), QStringLiteral("Int"));
+        // And a second Escape in a row from the view still clears it
+        QTest::keyClick(target, Qt::Key_Escape);
+        QCOMPARE(filterEdit()->text(), QString());
+    }
+
     void shouldShareTheEscapeRowBetweenWidgets()
     {
         // Given a second camera's widget with a search of its own

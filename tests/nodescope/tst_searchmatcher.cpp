@@ -52,8 +52,58 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(bool, found);
         QCOMPARE(SearchMatcher(text).matches(name), found);
+        // And the quick test by characters never rules out a name that holds the text
+        if (found) {
+            QVERIFY(SearchMatcher(text).mayMatch(SearchMatcher::charactersOf(name)));
+        }
         // The same answer as Qt's own case-insensitive search
         QCOMPARE(name.contains(text, Qt::CaseInsensitive), found);
+    }
+
+    void shouldRuleOutNamesLackingACharacterOfAnAsciiText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("possible");
+        const struct {
+            const char* row;
+            const char* text;
+            const char* name;
+            bool possible;
+        } cases[] = {
+            {"letter missing", "x", "GainAuto", false},
+            {"letters present, other order", "niag", "GainAuto", true},
+            {"other case", "GAIN", "gain", true},
+            {"digit missing", "2", "Line3", false},
+            {"digit sharing its bits", "2", "Line6", true},
+            {"blank missing", "e t", "ExposureTime", false},
+            {"other characters share one bit", "_", "Exposure (us)", true},
+            {"non-ASCII text rules out nothing", "\u00b5s", "Gain", true},
+            {"non-ASCII name characters count for nothing", "s", "\u00b5", false},
+            {"empty text rules out nothing", "", "Gain", true},
+        };
+        for (const auto& c : cases) {
+            QTest::newRow(c.row) << QString::fromUtf8(c.text) << QString::fromUtf8(c.name)
+                                 << c.possible;
+        }
+    }
+    void shouldRuleOutNamesLackingACharacterOfAnAsciiText()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, name);
+        QFETCH(bool, possible);
+        QCOMPARE(SearchMatcher(text).mayMatch(SearchMatcher::charactersOf(name)), possible);
+        // Ruled out means not found
+        if (!possible) {
+            QVERIFY(!SearchMatcher(text).matches(name));
+        }
+    }
+
+    void shouldGiveEveryNameSomeCharacters()
+    {
+        // 0 stays free for "not known yet"
+        QVERIFY(SearchMatcher::charactersOf(QString()) != 0);
+        QVERIFY(SearchMatcher::charactersOf(QStringLiteral("\u00e4")) != 0);
     }
 
     void shouldMatchNothingForAnEmptyText()

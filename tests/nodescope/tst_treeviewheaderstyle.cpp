@@ -80,7 +80,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("separator");
         QTest::newRow("first") << QStyleOptionHeader::Beginning << false;
         QTest::newRow("middle") << QStyleOptionHeader::Middle << true;
-        QTest::newRow("last") << QStyleOptionHeader::End << true;
+        QTest::newRow("last") << QStyleOptionHeader::End << false;
         QTest::newRow("only") << QStyleOptionHeader::OnlyOneSection << false;
     }
 

@@ -94,14 +94,15 @@ private Q_SLOTS:
         const QImage image = header->grab().toImage();
 
         // Then it is as tall as it asks to be, flat on the base colour, with the line below the
-        // labels and the separator between the two sections
+        // labels and no separator: both sections are outer ones
         QCOMPARE(header->height(), header->sizeHint().height());
         const int lineY = header->height() - 1 - qRound(7.0 / dpiScale(*header));
         QCOMPARE(QColor(image.pixel(100, 1)), QColor(0xf0, 0xf8, 0xff));
         QCOMPARE(QColor(image.pixel(100, lineY)), QColor(0x20, 0x60, 0xa0));
         QCOMPARE(QColor(image.pixel(100, lineY + 1)), QColor(0xf0, 0xf8, 0xff));
-        QCOMPARE(QColor(image.pixel(150, 2)), QColor(0x20, 0x60, 0xa0));
-        QCOMPARE(QColor(image.pixel(149, 2)), QColor(0xf0, 0xf8, 0xff));
+        for (int x = 0; x < image.width(); ++x) {
+            QCOMPARE(QColor(image.pixel(x, 2)), QColor(0xf0, 0xf8, 0xff));
+        }
         QCOMPARE(QColor(image.pixel(image.width() - 2, 2)), QColor(0xf0, 0xf8, 0xff));
     }
 };

@@ -281,7 +281,12 @@ void FeatureTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     initStyleOption(&opt, index);
     const QVector<QPair<int, int>> matches = m_highlighter->getIndicesToHighlight(opt.text);
     if (matches.isEmpty()) {
-        QStyledItemDelegate::paint(painter, option, index);
+        // Nothing to mark, but the selected name is bold all the same: the base draws it.
+        QStyleOptionViewItem plain(option);
+        if (plain.state & QStyle::State_Selected) {
+            plain.font.setWeight(75);
+        }
+        QStyledItemDelegate::paint(painter, plain, index);
         return;
     }
     if (opt.state & QStyle::State_Selected) {

@@ -497,7 +497,12 @@ bool FeatureTreeINodeItem::applySearch(const SearchMatcher& matcher)
 {
     bool searched = false;
     QString secondName;
-    if (!matcher.isEmpty()) {
+    if (!matcher.isEmpty() && m_nameCharacters == 0) {
+        // The names are set once the item is made; most texts rule out most rows by these.
+        m_nameCharacters = SearchMatcher::charactersOf(getDisplayedName()) |
+                           SearchMatcher::charactersOf(getTechnicalName());
+    }
+    if (!matcher.isEmpty() && matcher.mayMatch(m_nameCharacters)) {
         const bool byName = matcher.matches(getDisplayedName());
         searched = byName || matcher.matches(getTechnicalName());
         if (searched && !byName) {

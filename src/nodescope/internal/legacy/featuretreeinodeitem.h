@@ -84,7 +84,7 @@ public:
     // Marks the row found or not by `matcher` (an empty one finds nothing). A row found by its
     // technical name alone shows that name after its displayed one, or the match would make no
     // sense to the user. True when the row's look changed.
-    bool applySearch(const SearchMatcher& matcher);
+    bool applySearch(const SearchMatcher& matcher) override;
 
     void addNodeUpdatedSignalObserver();
     void removeNodeUpdatedSignalObserver();
@@ -116,4 +116,6 @@ private:
     bool m_utf8Encoded;
     bool m_childrenLoaded = false;
     bool m_observing = false;
+    // The characters of both names (SearchMatcher::charactersOf), 0 until the first search.
+    quint32 m_nameCharacters = 0;
 };

@@ -1,6 +1,7 @@
 #include "featuretreeitem.h"
 
 #include "ifeaturetreemodelextension.h"
+#include "searchmatcher.h"
 
 #include <QAbstractProxyModel>
 #include <QApplication>
@@ -253,6 +254,15 @@ QString FeatureTreeItem::getTechnicalName() const
         return m_fullName.mid(m_fullName.lastIndexOf(QLatin1Char('*')) + 1);
     }
     return m_fullName.mid(m_fullName.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+bool FeatureTreeItem::applySearch(const SearchMatcher& matcher)
+{
+    const bool searched =
+        !matcher.isEmpty() && matcher.matchesNames(getTechnicalName(), getDisplayedName());
+    const bool changed = searched != m_searched;
+    m_searched = searched;
+    return changed;
 }
 
 void FeatureTreeItem::setDescription(const QString& description)

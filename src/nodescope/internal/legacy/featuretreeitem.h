@@ -11,6 +11,7 @@
 
 class IFeatureTreeModelExtension;
 class QModelIndex;
+class SearchMatcher;
 
 // The node map a full name belongs to, as the rest of the tree names it: "@DeviceTransportLayer/X"
 // gives "TransportLayer", an unknown node map "Invalid".
@@ -111,6 +112,9 @@ public:
     void setSearched(bool on) { m_searched = on; }
     bool isHighlighted() const { return m_highlighted; }
     bool isSearched() const { return m_searched; }
+    // Marks the row found or not by `matcher` (an empty one finds nothing) by either of its
+    // names. True when the mark changed.
+    virtual bool applySearch(const SearchMatcher& matcher);
     int level() const { return m_level; }
 
     // Despite the names, these walk the whole subtree, pre-order, and stop at the first match.

@@ -445,14 +445,8 @@ void FeatureTreeModel::markSearched(FeatureTreeItem* item, const SearchMatcher& 
     const int count = item->childCount();
     for (int i = 0; i < count; ++i) {
         FeatureTreeItem* child = item->child(i);
-        auto* node = dynamic_cast<FeatureTreeINodeItem*>(child);
         if (empty || !m_searchNarrowing || child->isSearched()) {
-            if (node) {
-                node->applySearch(matcher);
-            } else {
-                child->setSearched(!empty && matcher.matchesNames(child->getTechnicalName(),
-                                                                  child->getDisplayedName()));
-            }
+            child->applySearch(matcher);
         }
         markSearched(child, matcher);
     }

@@ -7,6 +7,64 @@
 
 using namespace ParameterCollection;
 
+namespace {
+
+int slotOf(const void* feature, int slotCount)
+{
+    // Fibonacci hashing of the address; heap objects lie at least 16 bytes apart.
+    const quint64 hash = (quint64(quintptr(feature)) >> 4) * Q_UINT64_C(0x9E3779B97F4A7C15);
+    return int(hash >> 32) & (slotCount - 1);
+}
+
+} // namespace
+
+void FeatureTreeProxyModel::MatchSet::insert(const void* feature, const QString& fullName)
+{
+    if (!feature) {
+        m_names.insert(fullName);
+        return;
+    }
+    // At most half full, so that a probe ends soon.
+    if (2 * (m_featureCount + 1) > m_slots.size()) {
+        grow();
+    }
+    const int mask = m_slots.size() - 1;
+    for (int slot = slotOf(feature, m_slots.size());; slot = (slot + 1) & mask) {
+        const void* held = m_slots.at(slot);
+        if (held == feature) {
+            return;
+        }
+        if (!held) {
+            m_slots[slot] = feature;
+            ++m_featureCount;
+            return;
+        }
+    }
+}
+
+void FeatureTreeProxyModel::MatchSet::grow()
+{
+    const QVector<const void*> old = m_slots;
+    m_slots = QVector<const void*>(qMax(64, 2 * old.size()), nullptr);
+    m_featureCount = 0;
+    for (const void* feature : old) {
+        if (feature) {
+            insert(feature, QString());
+        }
+    }
+}
+
+void FeatureTreeProxyModel::MatchSet::clear()
+{
+    if (m_featureCount > 0) {
+        m_slots.fill(nullptr);
+        m_featureCount = 0;
+    }
+    if (!m_names.isEmpty()) {
+        m_names.clear();
+    }
+}
+
 FeatureTreeProxyModel::FeatureTreeProxyModel(QObject* parent) : QSortFilterProxyModel(parent) {}
 
 void FeatureTreeProxyModel::setSourceModel(QAbstractItemModel* model)

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QSet>
 #include <QSortFilterProxyModel>
+#include <QVector>
 
 class FeatureTreeModel;
 
@@ -106,26 +107,19 @@ private:
     GenApi::EVisibility m_visibility = GenApi::Guru;
     // The features accepted, and those refused only for their level, in the last pass. A row
     // is judged more than once per pass, and one feature may stand in two categories, hence
-    // sets. Keyed by the feature where the row has one (cheap), else by full name.
+    // sets. Keyed by the feature where the row has one (cheap), else by full name. Every pass
+    // fills them anew, so the features go into open-addressed slots that are kept between
+    // passes: a pass allocates nothing.
     class MatchSet {
     public:
-        void insert(const void* feature, const QString& fullName)
-        {
-            if (feature) {
-                m_features.insert(feature);
-            } else {
-                m_names.insert(fullName);
-            }
-        }
-        void clear()
-        {
-            m_features.clear();
-            m_names.clear();
-        }
-        int size() const { return m_features.size() + m_names.size(); }
+        void insert(const void* feature, const QString& fullName);
+        void clear();
+        int size() const { return m_featureCount + m_names.size(); }
 
     private:
-        QSet<const void*> m_features;
+        void grow();
+        QVector<const void*> m_slots; // null marks a free slot; the size is a power of two
+        int m_featureCount = 0;
         QSet<QString> m_names;
     };
     mutable MatchSet m_visibleMatches;

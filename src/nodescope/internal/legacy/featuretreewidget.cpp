@@ -198,8 +198,9 @@ FeatureTreeWidget::FeatureTreeWidget(const QString& cameraType,
     ui->splitter->setStretchFactor(0, kTreeStretch);
     ui->splitter->setStretchFactor(1, 0);
     ui->splitter->setStretchFactor(2, kTableStretch);
-    // The search field clears on a second Escape in a row; typing in between breaks the row.
-    ui->filterEdit->installEventFilter(this);
+    // The search field clears on a second Escape in a row, and any other key breaks the row,
+    // also one that the search field, a view or an editor takes for itself and never passes on.
+    qApp->installEventFilter(this);
     ui->resetButton->installEventFilter(this);
     // The name columns follow the width of their views.
     ui->treeView->viewport()->installEventFilter(this);
@@ -216,6 +217,7 @@ FeatureTreeWidget::FeatureTreeWidget(const QString& cameraType,
 
 FeatureTreeWidget::~FeatureTreeWidget()
 {
+    qApp->removeEventFilter(this);
     // The children are deleted after this part of the object is gone: none of them may call
     // back into it while they go.
     const QList<QObject*> children = findChildren<QObject*>();
@@ -1140,8 +1142,10 @@ bool FeatureTreeWidget::eventFilter(QObject* watched, QEvent* event)
             fitNameColumn(ui->nodescopeTableView, ui->nodescopeTableView->horizontalHeader());
         }
     }
-    if (watched == ui->filterEdit && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
+    if (s_escapePressed &&
+        (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) &&
+        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape && watched->isWidgetType() &&
+        isAncestorOf(static_cast<QWidget*>(watched))) {
         s_escapePressed = false;
     }
     if (watched == ui->resetButton && event->type() == QEvent::Shortcut &&

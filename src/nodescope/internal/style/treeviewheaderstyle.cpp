@@ -66,11 +66,10 @@ void CTreeViewHeaderStyle::drawHeaderSection(const QStyleOption* option, QPainte
     painter->fillRect(rect, option->palette.brush(QPalette::Base));
     painter->setPen(QPen(option->palette.color(QPalette::Midlight), 0));
     painter->drawLine(rect.left(), lineY, rect.right(), lineY);
-    // Each section but the first marks the edge towards its predecessor; the first one's
-    // outer edge is the end of the header.
+    // Only sections between two others mark the edge towards their predecessor: the outer
+    // sections stay open, so a two-column tree has no separator at all.
     const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
-    if (header && (header->position == QStyleOptionHeader::Middle ||
-                   header->position == QStyleOptionHeader::End)) {
+    if (header && header->position == QStyleOptionHeader::Middle) {
         const int x = option->direction == Qt::RightToLeft ? rect.right() : rect.left();
         painter->drawLine(x, rect.top(), x, lineY);
     }
