@@ -286,6 +286,17 @@
     </message>
 </context>
 <context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>elements nested deeper than %1 levels</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>The filter file %1 was not used: line %2, column %3: %4</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
     <message>
         <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>

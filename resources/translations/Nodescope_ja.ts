@@ -286,6 +286,17 @@
     </message>
 </context>
 <context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>要素の入れ子が %1 階層を超えています</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>フィルターファイル %1 は使用されませんでした: %2 行 %3 列: %4</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
     <message>
         <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>

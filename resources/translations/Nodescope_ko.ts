@@ -286,6 +286,17 @@
     </message>
 </context>
 <context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>요소가 %1단계보다 깊게 중첩되어 있습니다</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>필터 파일 %1을(를) 사용하지 않았습니다: %2행 %3열: %4</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
     <message>
         <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>

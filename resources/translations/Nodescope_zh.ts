@@ -286,6 +286,17 @@
     </message>
 </context>
 <context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>元素嵌套超过 %1 层</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>未使用过滤器文件 %1：第 %2 行，第 %3 列：%4</translation>
+    </message>
+</context>
+<context>
     <name>Plugin::Nodescope::CFeatureTreeWidget</name>
     <message>
         <source>&lt;i&gt;Select any open camera in the Devices pane to display its features.&lt;/i&gt;</source>

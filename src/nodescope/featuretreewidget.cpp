@@ -263,6 +263,7 @@ FeatureTreeWidget* CFeatureTreeWidget::createTree(const BaseInfoPtr& info)
             &CFeatureTreeWidget::onContextMenuRequested);
     connect(tree, &FeatureTreeWidget::orderOfTableItemsChanged, this,
             &CFeatureTreeWidget::onTableOrderChanged);
+    connect(tree, &FeatureTreeWidget::filterFileProblem, this, &CFeatureTreeWidget::newText);
     connect(tree, &FeatureTreeWidget::categoryColumnWidthChanged, this, [this](int width) {
         if (m_windowService) {
             m_windowService->saveState(

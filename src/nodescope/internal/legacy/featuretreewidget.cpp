@@ -487,7 +487,8 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
 
     // Filtered before the tree reads the node map, so its rows start out with the imposed
     // visibility and access.
-    NodeMapFilter::applyFilter(collection, m_info, prefix);
+    QString filterProblem;
+    NodeMapFilter::applyFilter(collection, m_info, prefix, &filterProblem);
     proxy->addParameterCollection(collection, displayName, prefix, false);
     if (!m_filterText.isEmpty()) {
         // The new rows have not been searched yet.
@@ -503,6 +504,9 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
         expandFirstRootNode();
     }
     reportFilterMatches();
+    if (!filterProblem.isEmpty()) {
+        Q_EMIT filterFileProblem(filterProblem);
+    }
 }
 
 void FeatureTreeWidget::setParameterFilterList(const QList<ParameterName>& names)

@@ -23,9 +23,11 @@ public:
     NodeMapFilter() = delete;
 
     // name is the node map, with or without its "@" ("@CameraDevice", "StreamGrabber0").
+    // A file that could not be used leaves `problem` saying so for the user, the first time
+    // only.
     static void applyFilter(QSharedPointer<ParameterCollection::IParameterCollection> collection,
-                            QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
-                            const QString& name);
+                            QSharedPointer<Plugin::CameraPool::IBaseInfo> info, const QString& name,
+                            QString* problem = nullptr);
     static bool createDocument(QDomDocument& doc,
                                QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
                                const QString& name);
