@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[contents left out: listed in full %1 times above]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[the list ends here: the rest would make the text longer than %1 characters]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>

@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[内容は省略: 上に %1 回すべて記載済み]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[一覧はここで終わります: 残りを含めると %1 文字を超えます]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>

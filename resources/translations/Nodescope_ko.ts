@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[내용 생략: 위에 %1번 전체 표시됨]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[목록은 여기서 끝납니다: 나머지를 포함하면 %1자를 넘습니다]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>
