@@ -30,6 +30,15 @@ QSharedPointer<NodeMapFilterFile> readText(const QByteArray& text)
     return NodeMapFilterFile::read(buffer, QStringLiteral("memory.xml"));
 }
 
+// XML reads every line end as a line feed; the document tree leaves carriage returns in. XML
+// has no NUL character; the document tree keeps it, the streaming reader drops it.
+QString normalizedLineEnds(QString text)
+{
+    text.remove(QChar(0));
+    return text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
 // What a document tree makes of the same text: the first element of each kind among the
 // descendants of each child of the document element, and its text.
 QVector<NodeMapFilterFile::Item> readAsTree(const QByteArray& text)
@@ -45,7 +54,7 @@ QVector<NodeMapFilterFile::Item> readAsTree(const QByteArray& text)
         const auto first = [&](const char* tag, bool* has) {
             const QDomNodeList found = element.elementsByTagName(QLatin1String(tag));
             *has = !found.isEmpty();
-            return *has ? found.at(0).toElement().text() : QString();
+            return *has ? normalizedLineEnds(found.at(0).toElement().text()) : QString();
         };
         item.name = first("Name", &item.hasName);
         item.visibility = first("Visibility", &item.hasVisibility);
@@ -84,6 +93,13 @@ private Q_SLOTS:
                           "    <Visibility>\n    </Visibility>\n  </Node>\n</F>");
         QTest::newRow("prefixed tags") << QByteArray(
             "<F xmlns:p=\"urn:x\"><Node><p:Name>Prefixed</p:Name><Name>Plain</Name></Node></F>");
+        QTest::newRow("elements inside one another")
+            << QByteArray("<F><Node><Name>W</Name><Visibility>G<AccessMode>RO</AccessMode>u"
+                          "<Name>inner</Name></Visibility></Node></F>");
+        QTest::newRow("carriage returns")
+            << QByteArray("<F><Node><Name>N\r\r\rope\r\n</Name></Node></F>");
+        QTest::newRow("nul") << QByteArray(
+            "<F><Node><Name>N]\0o</Name></Node><Node><Name>x</Name></Node></F>", 64);
         QTest::newRow("empty name") << QByteArray("<F><Node><Name/></Node></F>");
         QTest::newRow("empty document element") << QByteArray("<F/>");
     }

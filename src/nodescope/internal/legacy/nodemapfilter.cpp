@@ -162,8 +162,15 @@ void NodeMapFilter::applyFilter(QSharedPointer<IParameterCollection> collection,
         }
         return;
     }
-    for (const NodeMapFilterFile::Item& item : file->items()) {
-        applyItem(item, collection, name);
+    applyItems(*file, collection, name);
+}
+
+void NodeMapFilter::applyItems(const NodeMapFilterFile& file,
+                               QSharedPointer<IParameterCollection> collection,
+                               const QString& nodeMapName)
+{
+    for (const NodeMapFilterFile::Item& item : file.items()) {
+        applyItem(item, collection, nodeMapName);
     }
 }
 

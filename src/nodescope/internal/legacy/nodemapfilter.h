@@ -3,6 +3,7 @@
 #include <QSharedPointer>
 #include <QString>
 
+class NodeMapFilterFile;
 class QDomDocument;
 class QDomElement;
 
@@ -31,6 +32,10 @@ public:
     static bool createDocument(QDomDocument& doc,
                                QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
                                const QString& name);
+    // Applies the items of a file that was read, in order.
+    static void applyItems(const NodeMapFilterFile& file,
+                           QSharedPointer<ParameterCollection::IParameterCollection> collection,
+                           const QString& nodeMapName);
     // Without a node map the item's name must be a full name ("@CameraDevice/Width"), since a
     // collection holds several node maps.
     static void processElement(QDomElement& item,

@@ -24,10 +24,13 @@ QHash<QString, CacheEntry>& cache()
 }
 
 // Collects the text of one element the way a document tree gives it: every text below it,
-// whitespace-only runs left out.
+// whitespace-only runs left out. The three elements of an item may nest in one another, so
+// each has its own.
 struct Capture {
+    const char* tag = nullptr;
+    bool* found = nullptr;
     QString* text = nullptr;
-    int depth = 0;
+    int depth = 0; // while collecting; 0 otherwise
 };
 
 } // namespace
@@ -61,14 +64,9 @@ QSharedPointer<NodeMapFilterFile> NodeMapFilterFile::read(QIODevice& device, con
     QXmlStreamReader reader(&device);
     int depth = 0;
     Item item;
-    Capture capture;
-    const auto startCapture = [&](const QStringRef& tag, const char* wanted, bool* has,
-                                  QString* text) {
-        if (!capture.text && !*has && tag == QLatin1String(wanted)) {
-            *has = true;
-            capture = {text, depth};
-        }
-    };
+    Capture captures[] = {{"Name", &item.hasName, &item.name, 0},
+                          {"Visibility", &item.hasVisibility, &item.visibility, 0},
+                          {"AccessMode", &item.hasAccessMode, &item.accessMode, 0}};
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
@@ -82,14 +80,19 @@ QSharedPointer<NodeMapFilterFile> NodeMapFilterFile::read(QIODevice& device, con
                 item.line = reader.lineNumber();
             } else if (depth > 2) {
                 const QStringRef tag = reader.qualifiedName();
-                startCapture(tag, "Name", &item.hasName, &item.name);
-                startCapture(tag, "Visibility", &item.hasVisibility, &item.visibility);
-                startCapture(tag, "AccessMode", &item.hasAccessMode, &item.accessMode);
+                for (Capture& capture : captures) {
+                    if (!*capture.found && tag == QLatin1String(capture.tag)) {
+                        *capture.found = true;
+                        capture.depth = depth;
+                    }
+                }
             }
             break;
         case QXmlStreamReader::EndElement:
-            if (capture.text && capture.depth == depth) {
-                capture = Capture();
+            for (Capture& capture : captures) {
+                if (capture.depth == depth) {
+                    capture.depth = 0;
+                }
             }
             if (depth == 2) {
                 file->m_items.append(item);
@@ -97,8 +100,12 @@ QSharedPointer<NodeMapFilterFile> NodeMapFilterFile::read(QIODevice& device, con
             --depth;
             break;
         case QXmlStreamReader::Characters:
-            if (capture.text && !reader.isWhitespace()) {
-                capture.text->append(reader.text());
+            if (!reader.isWhitespace()) {
+                for (Capture& capture : captures) {
+                    if (capture.depth > 0) {
+                        capture.text->append(reader.text());
+                    }
+                }
             }
             break;
         default:
