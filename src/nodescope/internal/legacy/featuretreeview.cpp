@@ -202,12 +202,17 @@ void FeatureTreeView::openEditorsInView()
     for (int above = 0; above < kEditorMarginRows && indexAbove(index).isValid(); ++above) {
         index = indexAbove(index);
     }
+    // The tree may end inside the view; no row is lower than 8 pixels.
     const QModelIndex lastShown = indexAt(QPoint(0, viewport()->height() - 1));
+    const QModelIndex lastShownRow =
+        lastShown.isValid() ? lastShown.sibling(lastShown.row(), 0) : QModelIndex();
+    const int maxRows = 2 * kEditorMarginRows + viewport()->height() / 8 + 1;
     QSet<QPersistentModelIndex> window;
-    bool pastLastShown = !lastShown.isValid();
+    bool pastLastShown = false;
     int below = 0;
     m_fillingView = true;
-    for (; index.isValid() && below <= kEditorMarginRows; index = indexBelow(index)) {
+    for (int rows = 0; index.isValid() && below <= kEditorMarginRows && rows < maxRows;
+         index = indexBelow(index), ++rows) {
         const QModelIndex value = index.sibling(index.row(), kValueColumn);
         window.insert(QPersistentModelIndex(value));
         const FeatureTreeItem* item = extension->getFeatureTreeItem(index);
@@ -217,7 +222,7 @@ void FeatureTreeView::openEditorsInView()
         if (pastLastShown) {
             ++below;
         }
-        pastLastShown = pastLastShown || index == lastShown.sibling(lastShown.row(), 0);
+        pastLastShown = pastLastShown || (lastShownRow.isValid() && index == lastShownRow);
     }
     m_fillingView = false;
     if (m_editorRows.size() <= kEagerEditorLimit) {
