@@ -3,6 +3,8 @@
 // row. Printed for 1k, 10k and 50k features with the growth factor per tenfold (about 10 is linear;
 // 12 is the ceiling aimed at). Never fails on a number.
 
+#include "panelsupport.h"
+
 #include <camerapool.h>
 
 #include "internal/legacy/featuretreemodel.h"
@@ -24,29 +26,6 @@
 namespace {
 
 const int kEdits = 20;
-
-class PaintWatcher : public QObject {
-public:
-    bool painted = false;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            painted = true;
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
-
-void waitForPaint(QWidget& viewport, PaintWatcher& watcher)
-{
-    watcher.painted = false;
-    viewport.update();
-    while (!watcher.painted) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
-}
 
 // Root holds one category. Integers take a line edit when edited; floats and booleans keep an
 // editor open in their row, so half the rows carry a widget.
@@ -112,16 +91,12 @@ bool measure(int features, Figures* figures)
     }
     const auto collection = pool.getParameterCollection(info);
 
-    FeatureTreeWidget widget(QStringLiteral("Simulated"), info, nullptr, GenApi::Guru);
-    widget.resize(900, 700);
-    widget.show();
-    PaintWatcher watcher;
-    widget.treeView()->viewport()->installEventFilter(&watcher);
-    QCoreApplication::processEvents();
+    ShownPanel panel(info);
+    FeatureTreeWidget& widget = panel.widget;
+    PaintWatcher& watcher = panel.watcher;
     QElapsedTimer timer;
     timer.start();
-    widget.addParameterCollection(collection, QStringLiteral("Camera"),
-                                  QStringLiteral("@CameraDevice"));
+    panel.addCamera(collection);
     // The category open, as a user reading it or a search shows it.
     widget.expandTree();
     waitForPaint(*widget.treeView()->viewport(), watcher);

@@ -27,26 +27,18 @@ QByteArray footer()
            "  <Port Name=\"Device\"/>\n</RegisterDescription>\n";
 }
 
-// Root → C0 → C1 → … → C(depth-1) → Leaf.
-QByteArray nestedCategories(int depth)
+// Root → C0 → C1 → … → C(levels-1) → Leaf, each category listing the next `copies` times: with
+// two copies there are 2^levels paths to Leaf.
+QByteArray categories(int levels, int copies)
 {
     QByteArray xml = header() + "  <Category Name=\"Root\"><pFeature>C0</pFeature></Category>\n";
-    for (int i = 0; i < depth; ++i) {
-        const QByteArray next = i + 1 < depth ? "C" + QByteArray::number(i + 1) : "Leaf";
-        xml += "  <Category Name=\"C" + QByteArray::number(i) + "\"><pFeature>" + next +
-               "</pFeature></Category>\n";
-    }
-    return xml + footer();
-}
-
-// Every level lists the next level's category twice, so there are 2^levels paths to Leaf.
-QByteArray sharedCategories(int levels)
-{
-    QByteArray xml = header() + "  <Category Name=\"Root\"><pFeature>S0</pFeature></Category>\n";
     for (int i = 0; i < levels; ++i) {
-        const QByteArray next = i + 1 < levels ? "S" + QByteArray::number(i + 1) : "Leaf";
-        xml += "  <Category Name=\"S" + QByteArray::number(i) + "\"><pFeature>" + next +
-               "</pFeature><pFeature>" + next + "</pFeature></Category>\n";
+        const QByteArray next = i + 1 < levels ? "C" + QByteArray::number(i + 1) : "Leaf";
+        xml += "  <Category Name=\"C" + QByteArray::number(i) + "\">";
+        for (int copy = 0; copy < copies; ++copy) {
+            xml += "<pFeature>" + next + "</pFeature>";
+        }
+        xml += "</Category>\n";
     }
     return xml + footer();
 }
@@ -59,6 +51,17 @@ QSharedPointer<Backend::DeviceParameterCollection> open(const QByteArray& xml)
     return collection;
 }
 
+// The lines of Root's features, after `lines`.
+QStringList dump(const QByteArray& xml, bool* truncated = nullptr, QStringList lines = {})
+{
+    FeatureDumper dumper(open(xml));
+    dumper.dumpCategory(kRoot, 1, lines);
+    if (truncated) {
+        *truncated = dumper.truncated();
+    }
+    return lines;
+}
+
 } // namespace
 
 class tst_FeatureDumper : public QObject {
@@ -66,13 +69,11 @@ class tst_FeatureDumper : public QObject {
 private Q_SLOTS:
     void shouldWriteCategoriesAndFeaturesIndentedByDepth()
     {
-        const auto collection = open(nestedCategories(2));
-        FeatureDumper dumper(collection);
-        QStringList lines;
-        dumper.dumpCategory(kRoot, 1, lines);
+        bool truncated = true;
+        const QStringList lines = dump(categories(2, 1), &truncated);
         QCOMPARE(lines, (QStringList{QStringLiteral("  C0"), QStringLiteral("    C1"),
                                      QStringLiteral("      Leaf\t7")}));
-        QVERIFY(!dumper.truncated());
+        QVERIFY(!truncated);
     }
 
     void shouldWalkDeeplyNestedCategoriesWithinBoundedText()
@@ -80,14 +81,12 @@ private Q_SLOTS:
         // Thousands of nested categories: every one is listed, none deeper than the indent
         // bound, and the walk does not recurse.
         const int depth = 5000;
-        const auto collection = open(nestedCategories(depth));
-        FeatureDumper dumper(collection);
-        QStringList lines;
-        dumper.dumpCategory(kRoot, 1, lines);
+        bool truncated = true;
+        const QStringList lines = dump(categories(depth, 1), &truncated);
         QCOMPARE(lines.size(), depth + 1);
         QCOMPARE(lines.last().trimmed(), QStringLiteral("Leaf\t7"));
         QCOMPARE(lines.last().indexOf(QLatin1Char('L')), FeatureDumper::kMaxIndentDepth * 2);
-        QVERIFY(!dumper.truncated());
+        QVERIFY(!truncated);
     }
 
     void shouldListASharedSubCategoryInFullOnlyUpToTheLimit()
@@ -95,10 +94,8 @@ private Q_SLOTS:
         // 40 levels of shared sub-categories make 2^40 paths; the text stays small, and says
         // where contents were left out.
         const int levels = 40;
-        const auto collection = open(sharedCategories(levels));
-        FeatureDumper dumper(collection);
-        QStringList lines;
-        dumper.dumpCategory(kRoot, 1, lines);
+        bool truncated = true;
+        const QStringList lines = dump(categories(levels, 2), &truncated);
         QVERIFY2(lines.size() < levels * 4 * FeatureDumper::kMaxExpansions,
                  qPrintable(QString::number(lines.size())));
         const QString note = FeatureDumper::tr("[contents left out: listed in full %1 times above]")
@@ -106,17 +103,17 @@ private Q_SLOTS:
         QVERIFY(lines.filter(note).size() > 0);
         // The first expansions are complete: the first path reaches the leaf.
         QCOMPARE(lines.at(levels).trimmed(), QStringLiteral("Leaf\t7"));
-        QVERIFY(!dumper.truncated());
+        QVERIFY(!truncated);
     }
 
     void shouldStopWithANoteBeforeTheTextOutgrowsTheBound()
     {
-        const auto collection = open(nestedCategories(3));
-        FeatureDumper dumper(collection);
         // Lines already there count against the bound.
-        QStringList lines{QString(FeatureDumper::kMaxCharacters - 8, QLatin1Char('x'))};
-        dumper.dumpCategory(kRoot, 1, lines);
-        QVERIFY(dumper.truncated());
+        bool truncated = false;
+        const QStringList lines =
+            dump(categories(3, 1), &truncated,
+                 {QString(FeatureDumper::kMaxCharacters - 8, QLatin1Char('x'))});
+        QVERIFY(truncated);
         QCOMPARE(lines.size(), 3);
         QCOMPARE(lines.at(1), QStringLiteral("  C0"));
         QVERIFY2(lines.last().contains(QString::number(FeatureDumper::kMaxCharacters)),
@@ -131,9 +128,7 @@ private Q_SLOTS:
                          "  <Category Name=\"B\"><pFeature>A</pFeature>"
                          "<pFeature>Leaf</pFeature></Category>\n" +
                          footer();
-        const auto collection = open(xml);
-        QStringList lines;
-        FeatureDumper(collection).dumpCategory(kRoot, 1, lines);
+        const QStringList lines = dump(xml);
         // The loop ends at the first repeat at the latest (the backend may already cut it).
         QVERIFY2(lines.size() <= 4, qPrintable(lines.join(QLatin1Char('|'))));
         QCOMPARE(lines.mid(0, 2), (QStringList{QStringLiteral("  A"), QStringLiteral("    B")}));
