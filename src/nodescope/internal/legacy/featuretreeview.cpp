@@ -21,10 +21,10 @@ namespace {
 
 const int kValueColumn = 1;
 // Up to this many rows keep their editor open wherever they are. Beyond it only rows in and
-// near the visible part have one: every open editor is a widget the viewport lays out and
+// near the visible rows have one: every open editor is a widget the viewport lays out and
 // paints around, and tens of thousands of them make each one cost more than the last.
 const int kEagerEditorLimit = 400;
-// Rows above and below the visible part whose editors are ready before they scroll in.
+// Rows above and below the visible ones whose editors are ready before they scroll in.
 const int kEditorMarginRows = 24;
 
 } // namespace

@@ -66,7 +66,7 @@ private:
     void evaluateRow(int row, const QModelIndex& parent);
     bool wantsPersistentEditor(const QModelIndex& index) const;
     bool holdsCurrentIndex(const QModelIndex& rowIndex) const;
-    // Editors of long lists follow the visible part (see openPersistentEditor).
+    // Editors of long lists follow the visible rows (see openPersistentEditor).
     void scheduleEditorsInView();
     void openEditorsInView();
     void forgetClosedEditors();
