@@ -2,7 +2,7 @@
 // the first paint of the laid-out panel, and one search keystroke from the search field's
 // handler to the repaint. For the built-in camera and for a vendor description.
 
-#include "benchsupport.h"
+#include "panelsupport.h"
 
 #include <camerapool.h>
 
@@ -19,35 +19,10 @@
 
 namespace {
 
-// Notes when the tree's viewport has painted.
-class PaintWatcher : public QObject {
-public:
-    bool painted = false;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            painted = true;
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
-
 double median(QVector<double> values)
 {
     std::sort(values.begin(), values.end());
     return values.isEmpty() ? 0.0 : values.at(values.size() / 2);
-}
-
-// Shows the widget and processes events until the tree has painted.
-void waitForPaint(QWidget& widget, PaintWatcher& watcher)
-{
-    watcher.painted = false;
-    widget.update();
-    while (!watcher.painted) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
 }
 
 void measure(const QString& label, const QString& xmlFile)
@@ -64,27 +39,18 @@ void measure(const QString& label, const QString& xmlFile)
 
     QVector<double> shownMs;
     for (int run = 0; run < 7; ++run) {
-        FeatureTreeWidget widget(QStringLiteral("Simulated"), info, nullptr, GenApi::Guru);
-        widget.resize(900, 700);
-        widget.show();
-        PaintWatcher watcher;
-        widget.treeView()->viewport()->installEventFilter(&watcher);
-        QCoreApplication::processEvents();
+        ShownPanel panel(info);
         QElapsedTimer timer;
         timer.start();
-        widget.addParameterCollection(collection, QStringLiteral("Camera"),
-                                      QStringLiteral("@CameraDevice"));
-        waitForPaint(widget, watcher);
+        panel.addCamera(collection);
+        waitForPaint(panel.widget, panel.watcher);
         shownMs << timer.nsecsElapsed() / 1e6;
     }
 
-    FeatureTreeWidget widget(QStringLiteral("Simulated"), info, nullptr, GenApi::Guru);
-    widget.resize(900, 700);
-    widget.show();
-    PaintWatcher watcher;
-    widget.treeView()->viewport()->installEventFilter(&watcher);
-    widget.addParameterCollection(collection, QStringLiteral("Camera"),
-                                  QStringLiteral("@CameraDevice"));
+    ShownPanel panel(info);
+    FeatureTreeWidget& widget = panel.widget;
+    PaintWatcher& watcher = panel.watcher;
+    panel.addCamera(collection);
     waitForPaint(widget, watcher);
     const QStringList keystrokes = {QStringLiteral("g"),   QStringLiteral("ga"),
                                     QStringLiteral("gai"), QStringLiteral("gain"),

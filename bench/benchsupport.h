@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QEvent>
+#include <QObject>
 #include <QString>
 
 // A vendor camera description, read where it lies: NODESCOPE_SHARED_DIR when set, else the
@@ -11,3 +13,18 @@ inline QString sharedGenICamFile(const QString& fileName)
     return (shared.isEmpty() ? QStringLiteral(NODESCOPE_DEFAULT_SHARED_DIR) : shared) +
            QStringLiteral("/genicam/") + fileName;
 }
+
+// Notes when the widget it watches has painted.
+class PaintWatcher : public QObject {
+public:
+    bool painted = false;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            painted = true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};

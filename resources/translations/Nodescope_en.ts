@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[contents left out: listed in full %1 times above]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[the list ends here: the rest would make the text longer than %1 characters]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>
@@ -283,6 +294,17 @@
     <message>
         <source>Increment: %1</source>
         <translation>Increment: %1</translation>
+    </message>
+</context>
+<context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>elements nested deeper than %1 levels</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>The filter file %1 was not used: line %2, column %3: %4</translation>
     </message>
 </context>
 <context>

@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[内容は省略: 上に %1 回すべて記載済み]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[一覧はここで終わります: 残りを含めると %1 文字を超えます]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>
@@ -283,6 +294,17 @@
     <message>
         <source>Increment: %1</source>
         <translation>増分: %1</translation>
+    </message>
+</context>
+<context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>要素の入れ子が %1 階層を超えています</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>フィルターファイル %1 は使用されませんでした: %2 行 %3 列: %4</translation>
     </message>
 </context>
 <context>

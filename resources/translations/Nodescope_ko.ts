@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[내용 생략: 위에 %1번 전체 표시됨]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[목록은 여기서 끝납니다: 나머지를 포함하면 %1자를 넘습니다]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>
@@ -283,6 +294,17 @@
     <message>
         <source>Increment: %1</source>
         <translation>증분: %1</translation>
+    </message>
+</context>
+<context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>요소가 %1단계보다 깊게 중첩되어 있습니다</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>필터 파일 %1을(를) 사용하지 않았습니다: %2행 %3열: %4</translation>
     </message>
 </context>
 <context>

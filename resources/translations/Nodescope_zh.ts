@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>FeatureDumper</name>
+    <message>
+        <source>[contents left out: listed in full %1 times above]</source>
+        <translation>[内容已省略：上文已完整列出 %1 次]</translation>
+    </message>
+    <message>
+        <source>[the list ends here: the rest would make the text longer than %1 characters]</source>
+        <translation>[列表到此结束：其余部分会使文本超过 %1 个字符]</translation>
+    </message>
+</context>
+<context>
     <name>FeatureTreeINodeItem</name>
     <message>
         <source>Integer</source>
@@ -283,6 +294,17 @@
     <message>
         <source>Increment: %1</source>
         <translation>增量：%1</translation>
+    </message>
+</context>
+<context>
+    <name>NodeMapFilterFile</name>
+    <message>
+        <source>elements nested deeper than %1 levels</source>
+        <translation>元素嵌套超过 %1 层</translation>
+    </message>
+    <message>
+        <source>The filter file %1 was not used: line %2, column %3: %4</source>
+        <translation>未使用过滤器文件 %1：第 %2 行，第 %3 列：%4</translation>
     </message>
 </context>
 <context>

@@ -264,6 +264,7 @@ FeatureTreeWidget* CFeatureTreeWidget::createTree(const BaseInfoPtr& info)
             &CFeatureTreeWidget::onContextMenuRequested);
     connect(tree, &FeatureTreeWidget::orderOfTableItemsChanged, this,
             &CFeatureTreeWidget::onTableOrderChanged);
+    connect(tree, &FeatureTreeWidget::filterFileProblem, this, &CFeatureTreeWidget::newText);
     connect(tree, &FeatureTreeWidget::categoryColumnWidthChanged, this, [this](int width) {
         storePanelSetting(Constants::SETTINGS_CATEGORY_COLUMN_WIDTH, width);
     });

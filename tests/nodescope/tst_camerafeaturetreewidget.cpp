@@ -113,6 +113,7 @@ private Q_SLOTS:
     void shouldKeepTheTreeWhenTheActiveCameraIsNull();
     void shouldSwitchBetweenTheTreesOfTwoCameras();
     void shouldForwardTheSignalsOfTheShownTreeOnly();
+    void shouldSayAFilterFileProblemOfAnyTree();
     void shouldGiveTheAllPanelTheOrdinaryUseCases();
     void shouldRestrictTheBasicPanelToTheBasicUseCase();
     void shouldLogWhenTheUseCaseServiceIsMissing();
@@ -456,6 +457,21 @@ void tst_CameraFeatureTreeWidget::shouldForwardTheSignalsOfTheShownTreeOnly()
     QCOMPARE(visibilities.at(0).at(0).value<GenApi::EVisibility>(), GenApi::Guru);
     QCOMPARE(currents.count(), 1);
     QCOMPARE(currents.at(0).at(0).value<QSharedPointer<IParameter>>(), gain);
+}
+
+void tst_CameraFeatureTreeWidget::shouldSayAFilterFileProblemOfAnyTree()
+{
+    // A filter file is read when a camera is registered, shown or not; its problem is said once.
+    auto panel = makePanel(Constants::W_FEATURETREE_WIDGET_ALL);
+    m_control->registerDevice(m_camera);
+    m_control->registerDevice(m_secondCamera);
+    m_control->setActiveDevice(m_secondCamera);
+    QSignalSpy texts(panel.get(), &CFeatureTreeWidget::newText);
+
+    Q_EMIT panel->treeOf(m_camera)->filterFileProblem(QStringLiteral("hidden tree's filter"));
+
+    QCOMPARE(texts.count(), 1);
+    QCOMPARE(texts.at(0).at(0).toString(), QStringLiteral("hidden tree's filter"));
 }
 
 void tst_CameraFeatureTreeWidget::shouldGiveTheAllPanelTheOrdinaryUseCases()

@@ -10,6 +10,8 @@
 
 #include "nodescoperesources.h"
 
+#include <deviceparametercollection.h>
+
 #include <QContextMenuEvent>
 #include <QImage>
 #include <QPointer>
@@ -80,6 +82,74 @@ QModelIndexList allRows(const QAbstractItemModel& model, const QModelIndex& pare
     return rows;
 }
 
+// Root → Flat → `count` booleans, each of which keeps an editor open in its row.
+QSharedPointer<IParameterCollection> manyBooleans(int count)
+{
+    QByteArray xml =
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+        "<RegisterDescription ModelName=\"ManyBooleans\" VendorName=\"Nodescope\" ToolTip=\"t\"\n"
+        "    StandardNameSpace=\"None\" SchemaMajorVersion=\"1\" SchemaMinorVersion=\"1\"\n"
+        "    SchemaSubMinorVersion=\"0\" MajorVersion=\"1\" MinorVersion=\"0\"\n"
+        "    SubMinorVersion=\"0\" ProductGuid=\"2e9c4a71-5d08-4b3f-9a26-8c1e7f0d3b54\"\n"
+        "    VersionGuid=\"7f3a0c58-1e64-4d92-b7a3-5c2d8e9f1a06\"\n"
+        "    xmlns=\"http://www.genicam.org/GenApi/Version_1_1\">\n"
+        "  <Category Name=\"Root\"><pFeature>Flat</pFeature></Category>\n"
+        "  <Category Name=\"Flat\">\n";
+    for (int i = 0; i < count; ++i) {
+        xml += "    <pFeature>B" + QByteArray::number(i) + "</pFeature>\n";
+    }
+    xml += "  </Category>\n";
+    for (int i = 0; i < count; ++i) {
+        xml += "  <Boolean Name=\"B" + QByteArray::number(i) +
+               "\"><Value>0</Value><OnValue>1</OnValue><OffValue>0</OffValue></Boolean>\n";
+    }
+    xml += "  <Port Name=\"Device\"/>\n</RegisterDescription>\n";
+    auto collection =
+        QSharedPointer<Backend::DeviceParameterCollection>::create(QStringLiteral("manybooleans"));
+    collection->attachSimulated(QStringLiteral("CameraDevice"), xml, QString());
+    return collection;
+}
+
+// The rows from the top of the viewport to its bottom.
+QModelIndexList rowsInView(const FeatureTreeView& view)
+{
+    QModelIndexList rows;
+    const QModelIndex last = view.indexAt(QPoint(0, view.viewport()->height() - 1));
+    for (QModelIndex index = view.indexAt(QPoint(0, 0)); index.isValid();
+         index = view.indexBelow(index)) {
+        rows << index;
+        if (index == last.sibling(last.row(), 0)) {
+            break;
+        }
+    }
+    return rows;
+}
+
+int openEditors(const FeatureTreeView& view)
+{
+    int count = 0;
+    for (const QModelIndex& index : allRows(*view.model())) {
+        count += view.indexWidget(index.sibling(index.row(), 1)) ? 1 : 0;
+    }
+    return count;
+}
+
+bool editorsInView(const FeatureTreeView& view)
+{
+    int features = 0;
+    for (const QModelIndex& index : rowsInView(view)) {
+        if (index.data(FeatureTreeItem::IsCategoryRole).toBool() ||
+            index.data(FeatureTreeItem::LevelRole).toInt() < 2) {
+            continue;
+        }
+        ++features;
+        if (!view.indexWidget(index.sibling(index.row(), 1))) {
+            return false;
+        }
+    }
+    return features > 0;
+}
+
 // Expands row by row, as a user would, so the view hears of every expansion.
 void expandEveryRow(FeatureTreeView& view, const QModelIndex& parent = QModelIndex())
 {
@@ -144,6 +214,33 @@ class tst_FeatureTreeView : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { Plugin::Nodescope::initNodescopeResources(); }
+
+    void shouldKeepEditorsOfALongListWhereTheUserLooks()
+    {
+        // Given a category of thousands of features that each keep an editor open
+        const int features = 3000;
+        const auto view = viewOf(manyBooleans(features));
+        const QModelIndex category = view->model()->index(0, 0, view->model()->index(0, 0));
+        QCOMPARE(view->model()->rowCount(category), features);
+
+        // When the category is opened
+        view->expand(category.parent());
+        view->expand(category);
+
+        // Then the rows in view have their editors, and far fewer than all rows have one
+        QTRY_VERIFY(editorsInView(*view));
+        const int opened = openEditors(*view);
+        QVERIFY2(opened < features / 3, qPrintable(QString::number(opened)));
+
+        // And rows scrolled into view get theirs, while the count stays bounded
+        view->scrollToBottom();
+        QTRY_VERIFY(editorsInView(*view));
+        QVERIFY(view->indexWidget(view->model()->index(features - 1, 1, category)));
+        QVERIFY2(openEditors(*view) < features / 3,
+                 qPrintable(QString::number(openEditors(*view))));
+        view->scrollTo(view->model()->index(features / 2, 0, category));
+        QTRY_VERIFY(editorsInView(*view));
+    }
 
     void shouldOwnItsModelPairHighlighterAndDelegate()
     {

@@ -15,6 +15,7 @@
 #include "internal/view/usecaseedit.h"
 #include "nodescoperesources.h"
 
+#include <camerainfo.h>
 #include <camerapool.h>
 #include <deviceparametercollection.h>
 #include <deviceworker.h>
@@ -27,6 +28,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -324,6 +326,54 @@ private Q_SLOTS:
         m_widget.reset();
         m_service.reset();
         m_collection.reset();
+    }
+
+    // A filter file that cannot be used
+
+    void shouldTellOnceThatTheFilterFileCannotBeUsed()
+    {
+        // Given a broken filter file for one camera next to the application
+        QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/..");
+        QStringList made;
+        for (const char* part : {"share", "vanto", "viewer"}) {
+            folder += QLatin1Char('/') + QLatin1String(part);
+            if (!QFileInfo::exists(folder)) {
+                QVERIFY(QDir().mkdir(folder));
+                made.prepend(folder);
+            }
+        }
+        const QString path = folder + QStringLiteral("/Filtertest_Broken_CameraDeviceFilter.xml");
+        QVERIFY(!QFileInfo::exists(path));
+        const auto removeAll = qScopeGuard([&] {
+            QFile::remove(path);
+            for (const QString& dir : qAsConst(made)) {
+                QDir().rmdir(dir);
+            }
+        });
+        {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("<NodeMapFilter>\n<Node><Name>Width</Name>\n</NodeMapFilter>\n");
+        }
+        const auto info = QSharedPointer<Backend::CameraInfo>::create(
+            QStringLiteral("filtertest"), QStringLiteral("Filtertest"), QStringLiteral("Broken"),
+            QStringLiteral("1"), QStringLiteral("GigEVision"));
+
+        // When two panels show the camera
+        FeatureTreeWidget first(QStringLiteral("TreeTest"), info, nullptr, GenApi::Guru, false);
+        FeatureTreeWidget second(QStringLiteral("TreeTest"), info, nullptr, GenApi::Guru, false);
+        QSignalSpy firstProblems(&first, &FeatureTreeWidget::filterFileProblem);
+        QSignalSpy secondProblems(&second, &FeatureTreeWidget::filterFileProblem);
+        first.addParameterCollection(m_collection, QStringLiteral("Camera"), kPrefix);
+        second.addParameterCollection(m_collection, QStringLiteral("Camera"), kPrefix);
+
+        // Then the first says it, with file, line and reason, and the second stays quiet
+        QCOMPARE(firstProblems.count(), 1);
+        const QString text = firstProblems.first().first().toString();
+        QVERIFY2(text.contains(path) && text.contains(QStringLiteral("line 3")), qPrintable(text));
+        QCOMPARE(secondProblems.count(), 0);
+        // And the tree is shown all the same
+        QVERIFY(first.proxyModel()->rowCount() > 0);
     }
 
     // The form

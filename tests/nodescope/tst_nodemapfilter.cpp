@@ -93,6 +93,8 @@ private Q_SLOTS:
     void shouldChangeNothingWithoutInfo();
     void shouldStopSearchAtFileThatDoesNotParse();
     void shouldReportWhenNoFilterFileOpens();
+    void shouldNeverLetTheDeviceTextLeaveTheSearchLocation();
+    void shouldRefuseDeeplyNestedFileAndReportItOnce();
 
     // One item at a time.
     void shouldLogItemWithoutName();
@@ -448,8 +450,9 @@ void tst_NodeMapFilter::shouldStopSearchAtFileThatDoesNotParse()
     // Then the search ends at the broken file and says why
     QVERIFY(!NodeMapFilter::createDocument(doc, m_camera->info, QStringLiteral("@CameraDevice")));
     QCOMPARE(messages.lines(),
-             QStringList{QStringLiteral("Failed to parse file %1: tag mismatch (3, 16)")
-                             .arg(m_appLocation + kDeviceFile)});
+             QStringList{
+                 QStringLiteral("Failed to parse file %1: Opening and ending tag mismatch. (3, 16)")
+                     .arg(m_appLocation + kDeviceFile)});
 
     // And applying the filter changes nothing, the name file notwithstanding
     NodeMapFilter::applyFilter(m_camera->collection, m_camera->info,
@@ -474,6 +477,72 @@ void tst_NodeMapFilter::shouldReportWhenNoFilterFileOpens()
     QCOMPARE(messages.lines(),
              QStringList{QStringLiteral("Failed to open any of the filter files.")});
     QVERIFY(none.isNull());
+}
+
+void tst_NodeMapFilter::shouldNeverLetTheDeviceTextLeaveTheSearchLocation()
+{
+    // Given a filter file next to the application, and a folder beside it
+    QVERIFY(writeAppFile(QStringLiteral("Steered_M_CameraDeviceFilter.xml"),
+                         filterText(QStringLiteral("steered"),
+                                    item(QStringLiteral("Width"), QStringLiteral("Guru")))));
+    const QString folder = m_appLocation + QStringLiteral("sub");
+    QVERIFY(QDir().mkdir(folder));
+    const auto removeFolder = qScopeGuard([&] { QDir().rmdir(folder); });
+    const auto width = parameter(QStringLiteral("@CameraDevice/Width"));
+
+    // When a camera's vendor name walks out of the folder and back to that file
+    const auto hostile = QSharedPointer<Backend::CameraInfo>::create(
+        QStringLiteral("hostile"), QStringLiteral("sub/../Steered"), QStringLiteral("M"),
+        QStringLiteral("1"), QStringLiteral("GigEVision"));
+    QDomDocument doc;
+    NodeMapFilter::createDocument(doc, hostile, QStringLiteral("@CameraDevice"));
+    NodeMapFilter::applyFilter(m_camera->collection, hostile, QStringLiteral("@CameraDevice"));
+
+    // Then the file is not read, and the node keeps its visibility
+    QVERIFY(sourceOf(doc) != QStringLiteral("steered"));
+    QCOMPARE(width->getParameterData()->visibility, GenApi::Beginner);
+
+    // While a camera that names that file plainly gets it
+    const auto plain = QSharedPointer<Backend::CameraInfo>::create(
+        QStringLiteral("plain"), QStringLiteral("Steered"), QStringLiteral("M"),
+        QStringLiteral("1"), QStringLiteral("GigEVision"));
+    QVERIFY(NodeMapFilter::createDocument(doc, plain, QStringLiteral("@CameraDevice")));
+    QCOMPARE(sourceOf(doc), QStringLiteral("steered"));
+}
+
+void tst_NodeMapFilter::shouldRefuseDeeplyNestedFileAndReportItOnce()
+{
+    // Given a device file nested 30 000 deep, and a good name file after it
+    QByteArray deep = "<NodeMapFilter>\n<Node><Name>Width</Name>";
+    for (int i = 0; i < 30000; ++i) {
+        deep += "<a>";
+    }
+    QVERIFY(writeAppFile(kDeviceFile, deep));
+    QVERIFY(
+        writeAppFile(kNameFile, filterText(QStringLiteral("app-name"),
+                                           item(QStringLiteral("Width"), QStringLiteral("Guru")))));
+    const auto width = parameter(QStringLiteral("@CameraDevice/Width"));
+    MessageCapture messages;
+
+    // When the filter is applied for two node maps
+    QString first;
+    NodeMapFilter::applyFilter(m_camera->collection, m_camera->info,
+                               QStringLiteral("@CameraDevice"), &first);
+    QString second;
+    NodeMapFilter::applyFilter(m_camera->collection, m_camera->info,
+                               QStringLiteral("@CameraDevice"), &second);
+
+    // Then nothing is applied, the debug line says why each time, and the user is told once,
+    // with file, line and reason
+    QCOMPARE(width->getParameterData()->visibility, GenApi::Beginner);
+    QCOMPARE(messages.lines().size(), 2);
+    QVERIFY2(messages.lines().first().startsWith(
+                 QStringLiteral("Failed to parse file %1: ").arg(m_appLocation + kDeviceFile)),
+             qPrintable(messages.lines().first()));
+    QVERIFY2(first.contains(m_appLocation + kDeviceFile), qPrintable(first));
+    QVERIFY2(first.contains(QStringLiteral("line 2")), qPrintable(first));
+    QVERIFY2(first.contains(QStringLiteral("256")), qPrintable(first));
+    QVERIFY(second.isEmpty());
 }
 
 void tst_NodeMapFilter::shouldLogItemWithoutName()

@@ -790,6 +790,26 @@ private Q_SLOTS:
 private:
     QLocale m_originalDefaultLocale;
     std::unique_ptr<FakeTranslator> m_translator;
+
+    // A camera's description decides the precision; absurd ones cost neither memory nor time.
+    void shouldBoundAbsurdPrecisionsOfTheDescription()
+    {
+        const int absurd[] = {2147483647, 1000000000, -2147483647 - 1, -7};
+        for (const int precision : absurd) {
+            const QString fixed = formatDoubleValue(1.5, precision, NoFlags, english());
+            QVERIFY2(fixed.size() < 400, qPrintable(QString::number(precision)));
+            QVERIFY(fixed.startsWith(QStringLiteral("1")));
+            const QString general = formatDoubleValue(1.5, precision, General, english());
+            QVERIFY2(general.size() < 32, qPrintable(general));
+            QVERIFY(!formatDoubleValue(std::nan(""), precision, NoFlags, english()).isEmpty());
+        }
+        // At most a double's digits; the value keeps its magnitude.
+        QCOMPARE(formatPlainDouble(0.001234, 2147483647, english()), QStringLiteral("0.001234"));
+        QCOMPARE(formatPlainDouble(1234.5, 1000000000, english()), QStringLiteral("1234.5"));
+        const QString fewest = formatPlainDouble(1234.5, -2147483647 - 1, english());
+        QVERIFY2(fewest.startsWith(QStringLiteral("123")) && fewest.size() == 4,
+                 qPrintable(fewest));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestValueFormat)

@@ -9,14 +9,23 @@
 #include "featuretreeproxymodel.h"
 #include "ifeaturetreemodelextension.h"
 
+#include <QApplication>
 #include <QItemSelectionModel>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QScrollBar>
+#include <QTimer>
 
 namespace {
 
 const int kValueColumn = 1;
+// Up to this many rows keep their editor open wherever they are. Beyond it only rows in and
+// near the visible rows have one: every open editor is a widget the viewport lays out and
+// paints around, and tens of thousands of them make each one cost more than the last.
+const int kEagerEditorLimit = 400;
+// Rows above and below the visible ones whose editors are ready before they scroll in.
+const int kEditorMarginRows = 24;
 
 } // namespace
 
@@ -29,6 +38,9 @@ FeatureTreeView::FeatureTreeView(QWidget* parent) : QTreeView(parent)
     // Without it Qt never asks for the menu the widget builds.
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QTreeView::expanded, this, &FeatureTreeView::onSelfExpanded);
+    connect(this, &QTreeView::collapsed, this, &FeatureTreeView::scheduleEditorsInView);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &FeatureTreeView::scheduleEditorsInView);
     connect(this, &QWidget::customContextMenuRequested, this,
             &FeatureTreeView::onCustomContextMenuRequested);
 }
@@ -48,9 +60,14 @@ void FeatureTreeView::createModel()
 
     // A re-filtering proxy hands out rows this view has never judged, and drops the editors of
     // rows it took away for a moment.
-    connect(m_proxy, &QAbstractItemModel::layoutChanged, this,
-            [this] { updateRows(QModelIndex()); });
-    connect(m_proxy, &QAbstractItemModel::modelReset, this, [this] { updateRows(QModelIndex()); });
+    connect(m_proxy, &QAbstractItemModel::layoutChanged, this, [this] {
+        forgetClosedEditors();
+        updateRows(QModelIndex());
+    });
+    connect(m_proxy, &QAbstractItemModel::modelReset, this, [this] {
+        forgetClosedEditors();
+        updateRows(QModelIndex());
+    });
 }
 
 IFeatureTreeModelExtension* FeatureTreeView::getFeatureExtension() const
@@ -139,7 +156,91 @@ void FeatureTreeView::openPersistentEditor(const QModelIndex& index)
     if (!value.isValid() || indexWidget(value)) {
         return;
     }
+    if (!m_fillingView && m_editorRows.size() >= kEagerEditorLimit) {
+        // The row gets its editor when it comes into view.
+        m_editorsDeferred = true;
+        scheduleEditorsInView();
+        return;
+    }
     QAbstractItemView::openPersistentEditor(value);
+    m_editorRows.insert(QPersistentModelIndex(value));
+}
+
+void FeatureTreeView::forgetClosedEditors()
+{
+    for (auto it = m_editorRows.begin(); it != m_editorRows.end();) {
+        if (!it->isValid() || !indexWidget(*it)) {
+            it = m_editorRows.erase(it);
+        } else {
+            ++it;
+        }
+    }
+}
+
+void FeatureTreeView::scheduleEditorsInView()
+{
+    if (!m_editorsDeferred || m_editorsInViewScheduled) {
+        return;
+    }
+    m_editorsInViewScheduled = true;
+    QTimer::singleShot(0, this, &FeatureTreeView::openEditorsInView);
+}
+
+void FeatureTreeView::openEditorsInView()
+{
+    m_editorsInViewScheduled = false;
+    QAbstractItemModel* viewModel = model();
+    auto* extension = dynamic_cast<IFeatureTreeModelExtension*>(viewModel);
+    if (!viewModel || !extension) {
+        return;
+    }
+    forgetClosedEditors();
+    QModelIndex index = indexAt(QPoint(0, 0));
+    if (!index.isValid()) {
+        index = viewModel->index(0, 0);
+    }
+    for (int above = 0; above < kEditorMarginRows && indexAbove(index).isValid(); ++above) {
+        index = indexAbove(index);
+    }
+    // The tree may end inside the view; no row is lower than 8 pixels.
+    const QModelIndex lastShown = indexAt(QPoint(0, viewport()->height() - 1));
+    const QModelIndex lastShownRow =
+        lastShown.isValid() ? lastShown.sibling(lastShown.row(), 0) : QModelIndex();
+    const int maxRows = 2 * kEditorMarginRows + viewport()->height() / 8 + 1;
+    QSet<QPersistentModelIndex> window;
+    bool pastLastShown = false;
+    int below = 0;
+    m_fillingView = true;
+    for (int rows = 0; index.isValid() && below <= kEditorMarginRows && rows < maxRows;
+         index = indexBelow(index), ++rows) {
+        const QModelIndex value = index.sibling(index.row(), kValueColumn);
+        window.insert(QPersistentModelIndex(value));
+        const FeatureTreeItem* item = extension->getFeatureTreeItem(index);
+        if (item && item->showMe(m_visibility) && wantsPersistentEditor(index)) {
+            openPersistentEditor(index);
+        }
+        if (pastLastShown) {
+            ++below;
+        }
+        pastLastShown = pastLastShown || (lastShownRow.isValid() && index == lastShownRow);
+    }
+    m_fillingView = false;
+    if (m_editorRows.size() <= kEagerEditorLimit) {
+        return;
+    }
+    // Editors far out of view go; the one being typed into stays with what it holds.
+    const QWidget* focus = QApplication::focusWidget();
+    for (auto it = m_editorRows.begin(); it != m_editorRows.end();) {
+        QWidget* editor = indexWidget(*it);
+        const bool typing = editor && focus && (editor == focus || editor->isAncestorOf(focus));
+        if (!window.contains(*it) && !typing) {
+            const QPersistentModelIndex value = *it;
+            it = m_editorRows.erase(it);
+            QAbstractItemView::closePersistentEditor(value);
+        } else {
+            ++it;
+        }
+    }
 }
 
 void FeatureTreeView::openPersistentEditorsForChildren(const QModelIndex& parent)
@@ -177,6 +278,7 @@ void FeatureTreeView::onSelfExpanded(const QModelIndex& index)
     }
     updateRows(index);
     openPersistentEditorsForChildren(index);
+    scheduleEditorsInView();
 }
 
 void FeatureTreeView::onCustomContextMenuRequested(const QPoint& position)
@@ -221,6 +323,7 @@ void FeatureTreeView::currentChanged(const QModelIndex& current, const QModelInd
 void FeatureTreeView::resizeEvent(QResizeEvent* event)
 {
     QTreeView::resizeEvent(event);
+    scheduleEditorsInView();
     // The empty-view message is centred: all of it moves with the width.
     viewport()->update();
 }

@@ -2,6 +2,8 @@
 
 #include <genapi/genapitypes.h>
 
+#include <QPersistentModelIndex>
+#include <QSet>
 #include <QTreeView>
 
 #include <memory>
@@ -64,9 +66,18 @@ private:
     void evaluateRow(int row, const QModelIndex& parent);
     bool wantsPersistentEditor(const QModelIndex& index) const;
     bool holdsCurrentIndex(const QModelIndex& rowIndex) const;
+    // Editors of long lists follow the visible rows (see openPersistentEditor).
+    void scheduleEditorsInView();
+    void openEditorsInView();
+    void forgetClosedEditors();
 
     GenApi::EVisibility m_visibility = GenApi::Guru;
     bool m_expandingAll = false;
+    // Value cells this view opened an editor in; some may have lost it since.
+    QSet<QPersistentModelIndex> m_editorRows;
+    bool m_editorsDeferred = false;
+    bool m_editorsInViewScheduled = false;
+    bool m_fillingView = false;
     FeatureTreeModel* m_model = nullptr;      // owned as QObject child
     FeatureTreeProxyModel* m_proxy = nullptr; // owned as QObject child
     // Not a QObject; the items, the model and the delegate point at it.

@@ -5,6 +5,7 @@
 #include "ui_featuretreewidget.h"
 
 #include "editnotice.h"
+#include "featuredumper.h"
 #include "featuretreedelegate.h"
 #include "featuretreehighlighter.h"
 #include "featuretreeinodeitem.h"
@@ -71,108 +72,6 @@ QList<ParameterName> parameterNames(const QStringList& fullNames)
     }
     return names;
 }
-
-// Writes a collection's features as indented text, one per line, the way the camera's
-// description orders them.
-class FeatureDumper {
-public:
-    explicit FeatureDumper(const QSharedPointer<IParameterCollection>& collection)
-        : m_collection(collection)
-    {}
-
-    void dumpCategory(const QString& fullName, int depth, QStringList& lines)
-    {
-        QStringList children;
-        try {
-            children = m_collection->getChildren(fullName);
-        } catch (...) {
-            return;
-        }
-        // A description whose categories loop is cut at the repeat.
-        m_path.insert(fullName);
-        for (const QString& child : qAsConst(children)) {
-            dumpNode(child, depth, lines);
-        }
-        m_path.remove(fullName);
-    }
-
-private:
-    void dumpNode(const QString& fullName, int depth, QStringList& lines)
-    {
-        QSharedPointer<IParameter> parameter;
-        QSharedPointer<const ParameterData> data;
-        try {
-            parameter = m_collection->getParameter(fullName);
-            if (!parameter || parameter->isNull()) {
-                return;
-            }
-            data = parameter->getParameterData();
-        } catch (...) {
-            return;
-        }
-        const QString indent(depth * 2, QLatin1Char(' '));
-        const QString label = labelOf(*parameter, fullName);
-        if (data && data->type == CategoryType) {
-            lines.append(indent + label);
-            if (!m_path.contains(fullName)) {
-                dumpCategory(fullName, depth + 1, lines);
-            }
-            return;
-        }
-        lines.append(indent + label + QLatin1Char('\t') + valueOf(data));
-    }
-
-    static QString labelOf(const IParameter& parameter, const QString& fullName)
-    {
-        QString label;
-        QString unit;
-        try {
-            label = parameter.getProperty(QStringLiteral("DisplayName"));
-            if (label.isEmpty()) {
-                label = parameter.getFeatureName();
-            }
-            unit = parameter.getProperty(QStringLiteral("Unit"));
-        } catch (...) {
-            // The name is enough to find the feature again.
-        }
-        if (label.isEmpty()) {
-            label = ParameterName(fullName).feature();
-        }
-        if (!unit.isEmpty()) {
-            label += QStringLiteral(" [%1]").arg(unit);
-        }
-        return label;
-    }
-
-    // As the tree shows it, less the unit, which the label carries.
-    static QString valueOf(const QSharedPointer<const ParameterData>& data)
-    {
-        if (!data) {
-            return FeatureTreeINodeItem::tr("<not available>");
-        }
-        // As in the tree: a value that could not be read reads as its reason.
-        if (data->hasError() && !data->readable) {
-            return data->errorText;
-        }
-        if (!data->implemented) {
-            return FeatureTreeINodeItem::tr("<not implemented>");
-        }
-        // A command has no value worth comparing between cameras.
-        if (data->type == CommandType && data->available) {
-            return QString();
-        }
-        if (data->readable) {
-            return data->displayText.isEmpty() ? data->value.toString() : data->displayText;
-        }
-        if (data->available) {
-            return FeatureTreeINodeItem::tr("<not readable>");
-        }
-        return FeatureTreeINodeItem::tr("<not available>");
-    }
-
-    QSharedPointer<IParameterCollection> m_collection;
-    QSet<QString> m_path;
-};
 
 } // namespace
 
@@ -489,7 +388,8 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
 
     // Filtered before the tree reads the node map, so its rows start out with the imposed
     // visibility and access.
-    NodeMapFilter::applyFilter(collection, m_info, prefix);
+    QString filterProblem;
+    NodeMapFilter::applyFilter(collection, m_info, prefix, &filterProblem);
     proxy->addParameterCollection(collection, displayName, prefix, false);
     if (!m_filterText.isEmpty()) {
         // The new rows have not been searched yet.
@@ -505,6 +405,9 @@ void FeatureTreeWidget::addParameterCollection(QSharedPointer<IParameterCollecti
         expandFirstRootNode();
     }
     reportFilterMatches();
+    if (!filterProblem.isEmpty()) {
+        Q_EMIT filterFileProblem(filterProblem);
+    }
 }
 
 void FeatureTreeWidget::setParameterFilterList(const QList<ParameterName>& names)
@@ -789,8 +692,11 @@ QString FeatureTreeWidget::featuresAsText() const
             // The heading goes without it.
         }
         lines.append(tr("%1 from parameter collection %2").arg(item.displayName, collectionName));
-        FeatureDumper(item.collection)
-            .dumpCategory(withAt(item.nodemapName) + QStringLiteral("/Root"), 1, lines);
+        FeatureDumper dumper(item.collection);
+        dumper.dumpCategory(withAt(item.nodemapName) + QStringLiteral("/Root"), 1, lines);
+        if (dumper.truncated()) {
+            break;
+        }
     }
     if (lines.isEmpty()) {
         return QString();

@@ -152,6 +152,9 @@ Q_SIGNALS:
     void categoryColumnWidthChanged(int width);
     void orderOfTableItemsChanged(int from, int to);
     void addFavoriteButtonClicked();
+    // A node map filter file that could not be used, with file, line and reason: said once
+    // per version of the file, whichever panel meets it first, and whether or not it is shown.
+    void filterFileProblem(QString text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -3,6 +3,7 @@
 #include <QSharedPointer>
 #include <QString>
 
+class NodeMapFilterFile;
 class QDomDocument;
 class QDomElement;
 
@@ -23,12 +24,18 @@ public:
     NodeMapFilter() = delete;
 
     // name is the node map, with or without its "@" ("@CameraDevice", "StreamGrabber0").
+    // A file that could not be used leaves `problem` saying so for the user, the first time
+    // only.
     static void applyFilter(QSharedPointer<ParameterCollection::IParameterCollection> collection,
-                            QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
-                            const QString& name);
+                            QSharedPointer<Plugin::CameraPool::IBaseInfo> info, const QString& name,
+                            QString* problem = nullptr);
     static bool createDocument(QDomDocument& doc,
                                QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
                                const QString& name);
+    // Applies the items of a file that was read, in order.
+    static void applyItems(const NodeMapFilterFile& file,
+                           QSharedPointer<ParameterCollection::IParameterCollection> collection,
+                           const QString& nodeMapName);
     // Without a node map the item's name must be a full name ("@CameraDevice/Width"), since a
     // collection holds several node maps.
     static void processElement(QDomElement& item,

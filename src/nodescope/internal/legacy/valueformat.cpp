@@ -28,6 +28,11 @@ const FormatMultiplierEntry formatMultiplierTable[FORMAT_MULTIPLIER_COUNT] = {
 
 namespace {
 
+// A double holds 17 significant digits; more only repeat its binary noise.
+const int kMaxSignificantDigits = 17;
+// Enough decimals for the smallest subnormal double with all of its digits.
+const int kMaxDecimals = 340;
+
 // Qt 6 turns these QChar accessors into QString; going through QString works with both.
 QString groupSeparatorOf(const QLocale& locale)
 {
@@ -77,7 +82,12 @@ QString formatDoubleValue(double value, int precision, QFlags<FormatValueFlag> f
                           const QLocale& locale)
 {
     const bool general = flags.testFlag(FormatValueGeneralFormat);
-    QString text = locale.toString(value, general ? 'g' : 'f', precision);
+    // The precision comes from the camera's description: a billion digits would take
+    // gigabytes and seconds, and say no more than the double holds.
+    const int digits = precision == QLocale::FloatingPointShortest
+                           ? precision
+                           : qBound(0, precision, general ? kMaxSignificantDigits : kMaxDecimals);
+    QString text = locale.toString(value, general ? 'g' : 'f', digits);
 
     if (!flags.testFlag(FormatValueKeepGroupSeparators) && std::fabs(value) >= 1000.0)
         text = withoutGroupSeparators(text, locale);
@@ -103,11 +113,11 @@ QString formatPlainDouble(double value, int significantDigits, const QLocale& lo
     if (!std::isfinite(value)) {
         return locale.toString(value);
     }
-    // Past this many decimals a double holds nothing but noise.
-    const int maxDecimals = 340;
-    const int digits = qMax(1, significantDigits);
+    // Bounded first, so that a description's absurd precision neither overflows the sum below
+    // nor asks for digits a double does not have.
+    const int digits = qBound(1, significantDigits, kMaxSignificantDigits);
     const int magnitude = value == 0.0 ? 0 : int(std::floor(std::log10(std::fabs(value))));
-    const int decimals = qBound(0, digits - 1 - magnitude, maxDecimals);
+    const int decimals = qBound(0, digits - 1 - magnitude, kMaxDecimals);
     QString text = withoutGroupSeparators(locale.toString(value, 'f', decimals), locale);
     const QString point = decimalPointOf(locale);
     const int pointAt = text.indexOf(point);
