@@ -715,18 +715,25 @@ static QByteArray validatedBytes(const RegisterParameterData& data, const QVaria
     return bytes;
 }
 
+// Integers and floats alike: the limits that the data says, named in the refusal.
+template <class Number>
+static void checkLimits(Number v, Number minimum, Number maximum, const QString& feature)
+{
+    if (v < minimum) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(minimum));
+    }
+    if (v > maximum) {
+        throw RangeException(feature,
+                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(maximum));
+    }
+}
+
 static qint64 validatedInteger(const IntegerParameterData& d, const QVariant& value,
                                const QString& feature)
 {
     const qint64 v = parseInteger(value, feature);
-    if (v < d.min) {
-        throw RangeException(feature,
-                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
-    }
-    if (v > d.max) {
-        throw RangeException(feature,
-                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
-    }
+    checkLimits(v, d.min, d.max, feature);
     if (d.increment > 1 && (quint64(v) - quint64(d.min)) % quint64(d.increment) != 0) {
         throw RangeException(feature,
                              QStringLiteral("%1 is not on the grid of increment %2 from %3")
@@ -747,14 +754,7 @@ static double validatedFloat(const FloatParameterData& d, const QVariant& value,
         throw InvalidArgumentException(
             feature, QStringLiteral("'%1' is not a number").arg(value.toString()));
     }
-    if (v < d.min) {
-        throw RangeException(feature,
-                             QStringLiteral("%1 is below the minimum %2").arg(v).arg(d.min));
-    }
-    if (v > d.max) {
-        throw RangeException(feature,
-                             QStringLiteral("%1 is above the maximum %2").arg(v).arg(d.max));
-    }
+    checkLimits(v, d.min, d.max, feature);
     if (d.hasIncrement) {
         const double steps = (v - d.min) / d.increment;
         if (std::fabs(steps - std::round(steps)) > 1e-6) {

@@ -140,6 +140,21 @@ struct CollectionTree {
     }
 };
 
+// Types `text` over the editor's whole content and presses Enter, as a user retypes a value.
+template <class Editor> void replaceAndEnter(Editor* editor, const QString& text)
+{
+    editor->selectAll();
+    QTest::keyClicks(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+}
+
+// The same into an editor that first takes the keyboard focus, as a click into it gives it.
+template <class Editor> void focusAndEnter(Editor* editor, const QString& text)
+{
+    editor->setFocus();
+    replaceAndEnter(editor, text);
+}
+
 // The delegate on a real tree: a view over the proxy over the model of a simulated camera.
 class tst_FeatureTreeDelegate : public QObject, private EditorFixture {
     Q_OBJECT
@@ -310,9 +325,7 @@ private Q_SLOTS:
     {
         auto* editor = qobject_cast<IntEditor*>(startEditing(QStringLiteral("IntHex")));
         QVERIFY(editor);
-        editor->selectAll();
-        QTest::keyClicks(editor, QStringLiteral("0x1F"));
-        QTest::keyClick(editor, Qt::Key_Return);
+        replaceAndEnter(editor, QStringLiteral("0x1F"));
         QCOMPARE(value(QStringLiteral("IntHex")).toLongLong(), 0x1f);
     }
 
@@ -352,10 +365,7 @@ private Q_SLOTS:
         QVERIFY(editor);
         auto* spinBox = editor->findChild<QDoubleSpinBox*>();
         QVERIFY(spinBox);
-        spinBox->setFocus();
-        spinBox->selectAll();
-        QTest::keyClicks(spinBox, QStringLiteral("20"));
-        QTest::keyClick(spinBox, Qt::Key_Return);
+        focusAndEnter(spinBox, QStringLiteral("20"));
         QCOMPARE(value(QStringLiteral("FloatPlain")).toDouble(), 20.0);
     }
 
@@ -423,9 +433,7 @@ private Q_SLOTS:
         QVERIFY(editor);
         QVERIFY(!dynamic_cast<AbstractItemEditor*>(editor));
         QCOMPARE(editor->text(), QStringLiteral("hello"));
-        editor->selectAll();
-        QTest::keyClicks(editor, QStringLiteral("world"));
-        QTest::keyClick(editor, Qt::Key_Return);
+        replaceAndEnter(editor, QStringLiteral("world"));
         QCOMPARE(value(QStringLiteral("StrFeat")).toString(), QStringLiteral("world"));
     }
 
@@ -701,9 +709,7 @@ private Q_SLOTS:
         auto* editor =
             qobject_cast<QLineEdit*>(camera.startEditing(QStringLiteral("DeviceUserID")));
         QVERIFY(editor);
-        editor->selectAll();
-        QTest::keyClicks(editor, QStringLiteral("Line 3 left"));
-        QTest::keyClick(editor, Qt::Key_Return);
+        replaceAndEnter(editor, QStringLiteral("Line 3 left"));
         QCOMPARE(camera.value(QStringLiteral("DeviceUserID")).toString(),
                  QStringLiteral("Line 3 left"));
     }
@@ -733,9 +739,7 @@ private Q_SLOTS:
         auto* editor =
             qobject_cast<IntEditor*>(camera.startEditing(QStringLiteral("VntTestAddress40")));
         QVERIFY(editor);
-        editor->selectAll();
-        QTest::keyClicks(editor, QStringLiteral("0xFF00000001"));
-        QTest::keyClick(editor, Qt::Key_Return);
+        replaceAndEnter(editor, QStringLiteral("0xFF00000001"));
         QCOMPARE(camera.value(QStringLiteral("VntTestAddress40")).toLongLong(), 0xFF00000001LL);
     }
     void shouldSayWhatItWroteForAWidthTypedOffTheIncrement()
@@ -748,10 +752,7 @@ private Q_SLOTS:
         auto* spinBox = editor->findChild<QSpinBox*>();
         QSignalSpy notices(camera.delegate, &FeatureTreeDelegate::notice);
         // When the user types 1000 and presses Enter
-        spinBox->setFocus();
-        spinBox->selectAll();
-        QTest::keyClicks(spinBox, QStringLiteral("1000"));
-        QTest::keyClick(spinBox, Qt::Key_Return);
+        focusAndEnter(spinBox, QStringLiteral("1000"));
         // Then 992 is written, shown, and the status line says why
         QCOMPARE(camera.value(QStringLiteral("Width")).toLongLong(), 992);
         QCOMPARE(spinBox->value(), 992);
@@ -759,9 +760,7 @@ private Q_SLOTS:
         QCOMPARE(notices.at(0).at(0).toString(),
                  QStringLiteral("Width: 1000 is not on the increment 16, wrote 992 px"));
         // And a value on the grid is written without a word
-        spinBox->selectAll();
-        QTest::keyClicks(spinBox, QStringLiteral("640"));
-        QTest::keyClick(spinBox, Qt::Key_Return);
+        replaceAndEnter(spinBox, QStringLiteral("640"));
         QCOMPARE(camera.value(QStringLiteral("Width")).toLongLong(), 640);
         QCOMPARE(notices.count(), 1);
     }
@@ -778,10 +777,7 @@ private Q_SLOTS:
                                    ->getParameterData()
                                    .dynamicCast<const IntegerParameterData>()
                                    ->max;
-        spinBox->setFocus();
-        spinBox->selectAll();
-        QTest::keyClicks(spinBox, QStringLiteral("99999"));
-        QTest::keyClick(spinBox, Qt::Key_Return);
+        focusAndEnter(spinBox, QStringLiteral("99999"));
         QCOMPARE(spinBox->value(), int(maximum));
         QCOMPARE(notices.count(), 1);
         QCOMPARE(notices.at(0).at(0).toString(),
@@ -798,10 +794,7 @@ private Q_SLOTS:
         auto* spinBox = editor->findChild<QDoubleSpinBox*>();
         QSignalSpy notices(camera.delegate, &FeatureTreeDelegate::notice);
         // When the user types far more than the maximum
-        spinBox->setFocus();
-        spinBox->selectAll();
-        QTest::keyClicks(spinBox, QStringLiteral("99999999"));
-        QTest::keyClick(spinBox, Qt::Key_Return);
+        focusAndEnter(spinBox, QStringLiteral("99999999"));
         // Then the maximum is written and shown, and the status line says so
         QCOMPARE(camera.value(QStringLiteral("ExposureTime")).toDouble(), 1e7);
         QCOMPARE(spinBox->value(), 1e7);
@@ -875,9 +868,7 @@ private Q_SLOTS:
         QVERIFY(editor);
         QSignalSpy notices(tree.delegate, &FeatureTreeDelegate::notice);
         // When the user types something that is no address and presses Enter
-        editor->selectAll();
-        QTest::keyClicks(editor, typed);
-        QTest::keyClick(editor, Qt::Key_Return);
+        replaceAndEnter(editor, typed);
         // Then nothing is written and the status line says why
         QTRY_COMPARE(notices.count(), 1);
         QCOMPARE(notices.at(0).at(0).toString().toLower(), message.toLower());
