@@ -99,7 +99,6 @@ FeatureTreeWidget::FeatureTreeWidget(const QString& cameraType,
     ui->splitter->setStretchFactor(2, kTableStretch);
     // The search field clears on a second Escape in a row, and any other key breaks the row,
     // also one that the search field, a view or an editor takes for itself and never passes on.
-    qApp->installEventFilter(this);
     ui->resetButton->installEventFilter(this);
     // The name columns follow the width of their views.
     ui->treeView->viewport()->installEventFilter(this);
@@ -1031,6 +1030,9 @@ void FeatureTreeWidget::keyPressEvent(QKeyEvent* event)
             s_escapePressed = false;
         } else {
             s_escapePressed = true;
+            // Keys that the views and editors take never reach this widget: while the row is
+            // armed, the application's keys are watched so that any of them disarms it.
+            qApp->installEventFilter(this);
         }
     } else {
         s_escapePressed = false;
@@ -1048,11 +1050,14 @@ bool FeatureTreeWidget::eventFilter(QObject* watched, QEvent* event)
             fitNameColumn(ui->nodescopeTableView, ui->nodescopeTableView->horizontalHeader());
         }
     }
-    if (s_escapePressed &&
-        (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) &&
+    if ((event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) &&
         static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape && watched->isWidgetType() &&
         isAncestorOf(static_cast<QWidget*>(watched))) {
         s_escapePressed = false;
+    }
+    if (!s_escapePressed && watched->isWidgetType() && event->type() == QEvent::KeyPress) {
+        // Disarmed, here or by another panel: every event of the application need not pass.
+        qApp->removeEventFilter(this);
     }
     if (watched == ui->resetButton && event->type() == QEvent::Shortcut &&
         static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
