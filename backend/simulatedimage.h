@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <cstddef>
+
+typedef struct _ArvGc ArvGc;
+
+namespace Backend {
+
+// What a simulated camera's next image looks like, taken from its features. Everything a
+// pixel depends on is here, so that rendering needs no device access and can run on the
+// stream's own thread, and so that a test can compute any pixel from the same values.
+struct SimulatedImageSettings {
+    quint32 width = 0;
+    quint32 height = 0;
+    quint32 offsetX = 0;
+    quint32 offsetY = 0;
+    quint32 binningHorizontal = 1;
+    quint32 binningVertical = 1;
+    quint32 pixelFormat = 0; // PFNC
+    QString testPattern;     // the TestPattern entry's name; "Off" shows the simulated scene
+    double exposureUs = 0.0;
+    double gainDb = 0.0;
+    double frameRateHz = 0.0; // 0: as fast as the consumer takes them
+};
+
+// Renders the images of simulated cameras from formulas (documented in the .cpp), bit-exact
+// for every supported pixel format.
+class SimulatedImage {
+public:
+    // Device thread: reads the features that exist in `genicam` (Width, Height, OffsetX,
+    // OffsetY, BinningHorizontal, BinningVertical, PixelFormat, TestPattern, ExposureTime,
+    // Gain, AcquisitionFrameRate); what a description lacks keeps its default. False with
+    // `error` set when the image can't be made, e.g. an unsupported pixel format.
+    static bool settingsOf(ArvGc* genicam, SimulatedImageSettings* settings, QString* error);
+
+    // Bytes of one image; 0 for an unsupported format.
+    static std::size_t payloadSize(const SimulatedImageSettings& settings);
+
+    // Any thread. Fills `out`, which holds payloadSize(settings) bytes, with frame
+    // `frameId`'s image. Moving patterns move with frameId.
+    static void render(const SimulatedImageSettings& settings, quint64 frameId, uchar* out);
+};
+
+} // namespace Backend
