@@ -50,6 +50,7 @@ foreach(path
         ./usr/share/icons/hicolor/48x48/apps/${app_id}.png
         ./usr/share/icons/hicolor/256x256/apps/${app_id}.png
         ./usr/share/man/man1/vantoviewer.1.gz
+        ./usr/share/doc/vantoviewer/copyright
         ./usr/lib/udev/rules.d/70-vanto-usb3vision.rules)
     string(FIND "${listing}" " ${path}\n" at)
     if(at EQUAL -1)
