@@ -208,8 +208,8 @@ void ChangeJournal::onWriteFinished(const IBaseInfo* key,
     if (undoing && m_operation && m_operation->camera == key) {
         ++m_operation->answered;
         if (!record.done) {
-            m_operation->refusals.append(
-                tr("%1: %2").arg(record.fullName.section(QLatin1Char('/'), -1), record.reason));
+            m_operation->refusals.append(QStringLiteral("%1: %2").arg(
+                record.fullName.section(QLatin1Char('/'), -1), record.reason));
         }
         finishIfAnswered();
     }
