@@ -1,6 +1,7 @@
 #include "apptestsupport.h"
 
 #include "changejournal.h"
+#include "journaltestsupport.h"
 #include "mainwindow.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
@@ -38,28 +39,6 @@ const QString kWidth = QStringLiteral("@CameraDevice/Width");
 const QString kHeight = QStringLiteral("@CameraDevice/Height");
 const QString kGain = QStringLiteral("@CameraDevice/Gain");
 
-// Roles of the plug-in's feature tree, part of its contract with views.
-constexpr int FULL_NAME_ROLE = Qt::UserRole + 1;
-
-QModelIndex findFeature(QAbstractItemModel* model, const QModelIndex& parent,
-                        const QString& fullName)
-{
-    while (model->canFetchMore(parent)) {
-        model->fetchMore(parent);
-    }
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (index.data(FULL_NAME_ROLE).toString() == fullName) {
-            return index;
-        }
-        const QModelIndex below = findFeature(model, index, fullName);
-        if (below.isValid()) {
-            return below;
-        }
-    }
-    return {};
-}
-
 QTreeView* visibleTree(QDockWidget* dock)
 {
     const QList<QTreeView*> views = dock ? dock->findChildren<QTreeView*>() : QList<QTreeView*>();
@@ -77,65 +56,32 @@ class TestChangeJournal : public QObject {
     Q_OBJECT
 
 private:
-    QTemporaryDir m_settingsDir;
-    QSharedPointer<Backend::CameraPool> m_pool;
-
-    DeviceParameterCollection* collectionOf(const ChangeJournal::BaseInfoPtr& info) const
-    {
-        return qobject_cast<DeviceParameterCollection*>(
-            m_pool->getParameterCollection(info).data());
-    }
-
-    static Backend::SimulatedDevice* deviceOf(DeviceParameterCollection* collection)
-    {
-        Backend::SimulatedDevice* device = nullptr;
-        collection->runOnDeviceThread(
-            [&device](Backend::DeviceWorker& w) { device = w.simulatedDevice(0); });
-        return device;
-    }
-
-    // What the device holds now, read past every cache.
-    static QVariant readBack(DeviceParameterCollection* collection, const QString& fullName)
-    {
-        const auto parameter = collection->getParameter(fullName);
-        parameter->addObserver();
-        collection->refresh({ParameterCollection::ParameterName(fullName)});
-        collection->waitForDevice();
-        const QVariant value = parameter->getParameterData()->value;
-        parameter->removeObserver();
-        return value;
-    }
-
-    // A camera opened and journaled, the active one.
-    ChangeJournal::BaseInfoPtr openCamera(ChangeJournal& journal)
-    {
-        const ChangeJournal::BaseInfoPtr info = m_pool->openSimulated();
-        journal.addCamera(info, m_pool->getParameterCollection(info));
-        journal.setActiveCamera(info);
-        return info;
-    }
+    std::unique_ptr<JournalCameras> m_cameras;
+    std::unique_ptr<ChangeJournal> m_journal;
+    ChangeJournal::BaseInfoPtr m_info; // the first camera, journaled and active
 
 private Q_SLOTS:
-    void initTestCase()
+    void init()
     {
-        QVERIFY(m_settingsDir.isValid());
-        isolateSettings(m_settingsDir.path());
+        m_cameras = std::make_unique<JournalCameras>();
+        m_journal = std::make_unique<ChangeJournal>();
+        m_journal->setMergeWindow(0);
+        m_info = m_cameras->open(*m_journal);
     }
-
-    void init() { m_pool = QSharedPointer<Backend::CameraPool>::create(); }
 
     void cleanup()
     {
-        m_pool->closeAll();
-        m_pool.reset();
+        m_info.reset();
+        m_journal.reset();
+        m_cameras.reset();
     }
 
     void editsAreJournaledWithOldNewAndResult()
     {
-        ChangeJournal journal;
-        journal.setMergeWindow(0);
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
         QSignalSpy added(&journal, &ChangeJournal::entryAdded);
 
         collection->getParameter(kWidth)->setValue(qint64(800));
@@ -162,10 +108,11 @@ private Q_SLOTS:
 
     void writeTheDeviceRefusesIsJournaledAsRefused()
     {
-        ChangeJournal journal;
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
-        deviceOf(collection)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
 
         collection->getParameter(kGain)->setValue(3.0);
 
@@ -181,9 +128,10 @@ private Q_SLOTS:
 
     void writeTheValidatorRefusesIsJournaledWithItsReason()
     {
-        ChangeJournal journal;
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
 
         QVERIFY_EXCEPTION_THROWN(collection->getParameter(kGain)->setValue(99.0),
                                  ParameterCollection::Exception);
@@ -197,10 +145,10 @@ private Q_SLOTS:
 
     void undoWritesTheOldValueBackAndRedoTheNewOne()
     {
-        ChangeJournal journal;
-        journal.setMergeWindow(0);
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
         collection->getParameter(kWidth)->setValue(qint64(800));
         QTRY_COMPARE(journal.undoStack(info)->count(), 1);
         QVERIFY(journal.undoAction()->isEnabled());
@@ -211,7 +159,7 @@ private Q_SLOTS:
 
         // Then the device holds the old width again, and the step is undone
         QTRY_COMPARE(applied.count(), 1);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(1920));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
         QCOMPARE(journal.undoStack(info)->index(), 0);
         QVERIFY(journal.redoAction()->isEnabled());
         // journaled as an undo, not as a step of its own
@@ -224,7 +172,7 @@ private Q_SLOTS:
         // When the user redoes
         journal.redoAction()->trigger();
         QTRY_COMPARE(applied.count(), 2);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(800));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
         QCOMPARE(journal.undoStack(info)->index(), 1);
         QCOMPARE(journal.entries(info).last().origin, Origin::Redo);
         QCOMPARE(journal.undoStack(info)->count(), 1);
@@ -232,12 +180,13 @@ private Q_SLOTS:
 
     void refusedUndoIsReportedAndLeavesTheStep()
     {
-        ChangeJournal journal;
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
         collection->getParameter(kGain)->setValue(4.0);
         QTRY_COMPARE(journal.undoStack(info)->count(), 1);
-        deviceOf(collection)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
         QSignalSpy refused(&journal, &ChangeJournal::refused);
         QSignalSpy applied(&journal, &ChangeJournal::applied);
 
@@ -254,20 +203,21 @@ private Q_SLOTS:
         QCOMPARE(entry.origin, Origin::Undo);
         QVERIFY(!entry.done);
         QVERIFY(!entry.reason.isEmpty());
-        deviceOf(collection)->setFault(Backend::SimulatedDevice::Fault::None);
-        QCOMPARE(readBack(collection, kGain).toDouble(), 4.0);
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::None);
+        QCOMPARE(cameras.readBack(info, kGain).toDouble(), 4.0);
 
         // Once the camera takes writes again, the same step undoes
         journal.undo();
         QTRY_COMPARE(applied.count(), 1);
-        QCOMPARE(readBack(collection, kGain).toDouble(), 0.0);
+        QCOMPARE(cameras.readBack(info, kGain).toDouble(), 0.0);
     }
 
     void groupIsOneUndoStep()
     {
-        ChangeJournal journal;
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
         // A feature set's loader writes with the batch origin and hands over what it did
         collection->setWriteOrigin(Origin::Batch);
         collection->getParameter(kWidth)->setValue(qint64(640));
@@ -289,23 +239,24 @@ private Q_SLOTS:
         journal.undo();
 
         QTRY_COMPARE(applied.count(), 1);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(1920));
-        QCOMPARE(readBack(collection, kHeight).toLongLong(), qint64(1200));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
+        QCOMPARE(cameras.readBack(info, kHeight).toLongLong(), qint64(1200));
         QCOMPARE(journal.undoStack(info)->index(), 0);
 
         journal.redo();
         QTRY_COMPARE(applied.count(), 2);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(640));
-        QCOMPARE(readBack(collection, kHeight).toLongLong(), qint64(480));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(640));
+        QCOMPARE(cameras.readBack(info, kHeight).toLongLong(), qint64(480));
     }
 
     void editsOfOneFeatureInQuickSuccessionAreOneStep()
     {
-        ChangeJournal journal;
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
         // Wide enough that the test never depends on the machine's speed
         journal.setMergeWindow(60 * 60 * 1000);
-        const auto info = openCamera(journal);
-        DeviceParameterCollection* collection = collectionOf(info);
+        DeviceParameterCollection* collection = cameras.collection(info);
         for (double gain : {1.0, 2.0, 3.0, 4.0}) {
             collection->getParameter(kGain)->setValue(gain);
         }
@@ -321,17 +272,18 @@ private Q_SLOTS:
         journal.undo();
         QTRY_COMPARE(applied.count(), 2);
 
-        QCOMPARE(readBack(collection, kGain).toDouble(), 0.0);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(1920));
+        QCOMPARE(cameras.readBack(info, kGain).toDouble(), 0.0);
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
     }
 
     void stackFollowsTheActiveCamera()
     {
-        ChangeJournal journal;
-        const auto first = openCamera(journal);
-        const auto second = openCamera(journal);
-        collectionOf(first)->getParameter(kGain)->setValue(5.0);
-        collectionOf(second)->getParameter(kGain)->setValue(7.0);
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto first = m_info;
+        const auto second = cameras.open(journal);
+        cameras.collection(first)->getParameter(kGain)->setValue(5.0);
+        cameras.collection(second)->getParameter(kGain)->setValue(7.0);
         QTRY_COMPARE(journal.undoStack(first)->count(), 1);
         QTRY_COMPARE(journal.undoStack(second)->count(), 1);
         QCOMPARE(journal.undoGroup()->activeStack(), journal.undoStack(second));
@@ -345,8 +297,8 @@ private Q_SLOTS:
         QTRY_COMPARE(applied.count(), 1);
 
         // Then only the first camera's edit is taken back
-        QCOMPARE(readBack(collectionOf(first), kGain).toDouble(), 0.0);
-        QCOMPARE(readBack(collectionOf(second), kGain).toDouble(), 7.0);
+        QCOMPARE(cameras.readBack(first, kGain).toDouble(), 0.0);
+        QCOMPARE(cameras.readBack(second, kGain).toDouble(), 7.0);
         QCOMPARE(journal.undoStack(second)->index(), 1);
 
         // A closed camera takes its stack along
@@ -358,17 +310,21 @@ private Q_SLOTS:
 
     void undoThroughTheTreeWithTheKeyboard()
     {
+        // The window keeps its layout in the settings: not in the user's.
+        QTemporaryDir settings;
+        QVERIFY(settings.isValid());
+        isolateSettings(settings.path());
+        const JournalCameras& cameras = *m_cameras;
         std::unique_ptr<PluginManager> plugins;
         std::unique_ptr<MainWindow> window;
-        const QString failure = startTestHost(m_pool, plugins, window);
+        const QString failure = startTestHost(cameras.pool, plugins, window);
         QVERIFY2(failure.isEmpty(), qPrintable(failure));
         QApplication::setActiveWindow(window.get());
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
         ChangeJournal* journal = window->changeJournal();
         journal->setMergeWindow(0);
-        const auto info = m_pool->openSimulated();
+        const auto info = cameras.pool->openSimulated();
         window->addDevice(info);
-        DeviceParameterCollection* collection = collectionOf(info);
         QDockWidget* all = window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
         QTRY_VERIFY(visibleTree(all) && visibleTree(all)->model()->rowCount() > 0);
         QTreeView* view = visibleTree(all);
@@ -398,7 +354,7 @@ private Q_SLOTS:
         QTest::keyClicks(line, QStringLiteral("800"));
         QTest::keyClick(line, Qt::Key_Return);
         QTRY_COMPARE(journal->undoStack(info)->count(), 1);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(800));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
         QVERIFY(window->menuService()
                     ->menu(Core::CId(VantoViewer::MenuService::EDIT_MENU))
                     ->actions()
@@ -409,10 +365,10 @@ private Q_SLOTS:
         QTRY_VERIFY(view->hasFocus());
         QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
         QTRY_COMPARE(journal->undoStack(info)->index(), 0);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(1920));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
         QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QTRY_COMPARE(journal->undoStack(info)->index(), 1);
-        QCOMPARE(readBack(collection, kWidth).toLongLong(), qint64(800));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
 
         // The Changes panel lists the edit, its undo and its redo
         window->changesDock()->toggleViewAction()->trigger();

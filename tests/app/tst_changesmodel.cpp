@@ -1,7 +1,6 @@
-#include "apptestsupport.h"
-
 #include "changejournal.h"
 #include "changesmodel.h"
+#include "journaltestsupport.h"
 
 #include <camerapool.h>
 #include <deviceparametercollection.h>
@@ -11,7 +10,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Backend::DeviceParameterCollection;
@@ -27,22 +25,10 @@ class TestChangesModel : public QObject {
     Q_OBJECT
 
 private:
-    QTemporaryDir m_settingsDir;
-    QSharedPointer<Backend::CameraPool> m_pool;
-
-    DeviceParameterCollection* collectionOf(const ChangeJournal::BaseInfoPtr& info) const
-    {
-        return qobject_cast<DeviceParameterCollection*>(
-            m_pool->getParameterCollection(info).data());
-    }
-
-    ChangeJournal::BaseInfoPtr openCamera(ChangeJournal& journal)
-    {
-        const ChangeJournal::BaseInfoPtr info = m_pool->openSimulated();
-        journal.addCamera(info, m_pool->getParameterCollection(info));
-        journal.setActiveCamera(info);
-        return info;
-    }
+    std::unique_ptr<JournalCameras> m_cameras;
+    std::unique_ptr<ChangeJournal> m_journal;
+    std::unique_ptr<ChangesModel> m_model;
+    std::unique_ptr<QAbstractItemModelTester> m_tester;
 
     static QString cell(const ChangesModel& model, int row, int column)
     {
@@ -50,34 +36,35 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase()
+    void init()
     {
-        QVERIFY(m_settingsDir.isValid());
-        isolateSettings(m_settingsDir.path());
+        m_cameras = std::make_unique<JournalCameras>();
+        m_journal = std::make_unique<ChangeJournal>();
+        m_journal->setMergeWindow(0);
+        m_model = std::make_unique<ChangesModel>(m_journal.get());
+        m_tester = std::make_unique<QAbstractItemModelTester>(
+            m_model.get(), QAbstractItemModelTester::FailureReportingMode::QtTest);
     }
-
-    void init() { m_pool = QSharedPointer<Backend::CameraPool>::create(); }
 
     void cleanup()
     {
-        m_pool->closeAll();
-        m_pool.reset();
+        m_tester.reset();
+        m_model.reset();
+        m_journal.reset();
+        m_cameras.reset();
     }
 
     void showsTheActiveCamerasWritesAsTheyComeIn()
     {
-        ChangeJournal journal;
-        journal.setMergeWindow(0);
-        ChangesModel model(&journal);
-        QAbstractItemModelTester tester(&model,
-                                        QAbstractItemModelTester::FailureReportingMode::QtTest);
-        const auto info = openCamera(journal);
+        ChangeJournal& journal = *m_journal;
+        const ChangesModel& model = *m_model;
+        const auto info = m_cameras->open(journal);
         QCOMPARE(model.rowCount(), 0);
         QCOMPARE(model.columnCount(), 5);
         QCOMPARE(model.headerData(ChangesModel::OldValueColumn, Qt::Horizontal).toString(),
                  QStringLiteral("Old Value"));
 
-        collectionOf(info)->getParameter(kGain)->setValue(2.5);
+        m_cameras->collection(info)->getParameter(kGain)->setValue(2.5);
         QTRY_COMPARE(model.rowCount(), 1);
         QCOMPARE(cell(model, 0, ChangesModel::FeatureColumn), QStringLiteral("Gain"));
         QCOMPARE(model.index(0, ChangesModel::FeatureColumn).data(Qt::ToolTipRole).toString(),
@@ -89,11 +76,9 @@ private Q_SLOTS:
         QVERIFY(!model.index(0, 0).data(ChangesModel::REFUSED_ROLE).toBool());
 
         // A refusal shows with the device's reason
-        Backend::SimulatedDevice* device = nullptr;
-        collectionOf(info)->runOnDeviceThread(
-            [&device](Backend::DeviceWorker& w) { device = w.simulatedDevice(0); });
+        Backend::SimulatedDevice* device = m_cameras->device(info);
         device->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
-        collectionOf(info)->getParameter(kWidth)->setValue(qint64(640));
+        m_cameras->collection(info)->getParameter(kWidth)->setValue(qint64(640));
         QTRY_COMPARE(model.rowCount(), 2);
         QVERIFY(cell(model, 1, ChangesModel::ResultColumn).startsWith(QStringLiteral("Refused: ")));
         QVERIFY(cell(model, 1, ChangesModel::ResultColumn).size() >
@@ -112,15 +97,13 @@ private Q_SLOTS:
 
     void mergedEditUpdatesItsRow()
     {
-        ChangeJournal journal;
+        ChangeJournal& journal = *m_journal;
+        const ChangesModel& model = *m_model;
         journal.setMergeWindow(60 * 60 * 1000);
-        ChangesModel model(&journal);
-        QAbstractItemModelTester tester(&model,
-                                        QAbstractItemModelTester::FailureReportingMode::QtTest);
-        const auto info = openCamera(journal);
-        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-        collectionOf(info)->getParameter(kGain)->setValue(1.0);
-        collectionOf(info)->getParameter(kGain)->setValue(2.0);
+        const auto info = m_cameras->open(journal);
+        QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
+        m_cameras->collection(info)->getParameter(kGain)->setValue(1.0);
+        m_cameras->collection(info)->getParameter(kGain)->setValue(2.0);
         QTRY_COMPARE(cell(model, 0, ChangesModel::NewValueColumn), QStringLiteral("2.00"));
         QCOMPARE(model.rowCount(), 1);
         QVERIFY(changed.count() >= 1);
@@ -128,15 +111,12 @@ private Q_SLOTS:
 
     void followsTheActiveCameraAndShowsGroups()
     {
-        ChangeJournal journal;
-        journal.setMergeWindow(0);
-        ChangesModel model(&journal);
-        QAbstractItemModelTester tester(&model,
-                                        QAbstractItemModelTester::FailureReportingMode::QtTest);
-        const auto first = openCamera(journal);
-        collectionOf(first)->getParameter(kGain)->setValue(3.0);
+        ChangeJournal& journal = *m_journal;
+        const ChangesModel& model = *m_model;
+        const auto first = m_cameras->open(journal);
+        m_cameras->collection(first)->getParameter(kGain)->setValue(3.0);
         QTRY_COMPARE(model.rowCount(), 1);
-        const auto second = openCamera(journal);
+        const auto second = m_cameras->open(journal);
         QCOMPARE(model.rowCount(), 0);
         journal.recordGroup(second, QStringLiteral("Load Features"),
                             {{kGain, 0.0, QStringLiteral("0.00"), 1.0, QStringLiteral("1.00")}});
@@ -146,8 +126,8 @@ private Q_SLOTS:
         QCOMPARE(cell(model, 0, ChangesModel::ResultColumn), QStringLiteral("Applied as one step"));
 
         // Writes of the camera not shown do not show
-        collectionOf(first)->getParameter(kGain)->setValue(4.0);
-        collectionOf(first)->waitForDevice();
+        m_cameras->collection(first)->getParameter(kGain)->setValue(4.0);
+        m_cameras->collection(first)->waitForDevice();
         QCOMPARE(model.rowCount(), 1);
 
         journal.setActiveCamera(first);

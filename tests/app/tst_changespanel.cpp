@@ -1,16 +1,16 @@
-#include "apptestsupport.h"
-
 #include "changejournal.h"
 #include "changespanel.h"
 #include "changesmodel.h"
+#include "journaltestsupport.h"
 
 #include <camerapool.h>
 #include <deviceparametercollection.h>
 #include <parametercollection/iparameter.h>
 
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QtTest>
+
+#include <memory>
 
 using VantoViewer::ChangeJournal;
 using VantoViewer::ChangesPanel;
@@ -18,29 +18,18 @@ using VantoViewer::ChangesPanel;
 class TestChangesPanel : public QObject {
     Q_OBJECT
 
-private:
-    QTemporaryDir m_settingsDir;
-
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(m_settingsDir.isValid());
-        isolateSettings(m_settingsDir.path());
-    }
-
     void listsTheActiveCamerasChangesAndKeepsTheNewestInView()
     {
-        const auto pool = QSharedPointer<Backend::CameraPool>::create();
+        const auto cameras = std::make_unique<JournalCameras>();
         ChangeJournal journal;
         journal.setMergeWindow(0);
         ChangesPanel panel(&journal);
         panel.resize(400, 80);
         panel.show();
         QVERIFY(QTest::qWaitForWindowExposed(&panel));
-        const auto info = pool->openSimulated();
-        const auto collection = pool->getParameterCollection(info);
-        journal.addCamera(info, collection);
-        journal.setActiveCamera(info);
+        const auto info = cameras->open(journal);
+        const auto collection = cameras->collection(info);
         QCOMPARE(panel.view()->model(), panel.model());
         QVERIFY(panel.view()->editTriggers() == QAbstractItemView::NoEditTriggers);
 
@@ -50,7 +39,6 @@ private Q_SLOTS:
         QTRY_COMPARE(panel.view()->model()->rowCount(), 20);
         const QModelIndex newest = panel.model()->index(19, 0);
         QTRY_VERIFY(panel.view()->visualRect(newest).intersects(panel.view()->viewport()->rect()));
-        pool->closeAll();
     }
 };
 

@@ -87,7 +87,7 @@ int storedPanelLevel(const MainWindow& window)
 }
 
 // Roles of the plug-in's feature tree, part of its contract with views.
-constexpr int FULL_NAME_ROLE = Qt::UserRole + 1;
+constexpr int FULL_NAME_ROLE = TREE_FULL_NAME_ROLE;
 constexpr int IS_CATEGORY_ROLE = Qt::UserRole + 5;
 
 // Full names of the features below `parent`, fetching rows that are built on demand.
@@ -104,25 +104,6 @@ void collectFeatures(QAbstractItemModel* model, const QModelIndex& parent, QStri
         }
         collectFeatures(model, index, names);
     }
-}
-
-QModelIndex findFeature(QAbstractItemModel* model, const QModelIndex& parent,
-                        const QString& fullName)
-{
-    while (model->canFetchMore(parent)) {
-        model->fetchMore(parent);
-    }
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (index.data(FULL_NAME_ROLE).toString() == fullName) {
-            return index;
-        }
-        const QModelIndex below = findFeature(model, index, fullName);
-        if (below.isValid()) {
-            return below;
-        }
-    }
-    return {};
 }
 
 // Rows the view shows (not hidden by the visibility level) below `parent`, expanded.
