@@ -345,10 +345,14 @@ void ChangeJournal::updateActions()
     const bool idle = !m_operation;
     m_undoAction->setEnabled(idle && stack && stack->canUndo());
     m_redoAction->setEnabled(idle && stack && stack->canRedo());
-    m_undoAction->setText(stack && stack->canUndo() ? tr("&Undo %1").arg(stack->undoText())
-                                                    : tr("&Undo"));
-    m_redoAction->setText(stack && stack->canRedo() ? tr("&Redo %1").arg(stack->redoText())
-                                                    : tr("&Redo"));
+    // A value's "&" is text, not a mnemonic.
+    const auto menuText = [](QString text) {
+        return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    };
+    m_undoAction->setText(
+        stack && stack->canUndo() ? tr("&Undo %1").arg(menuText(stack->undoText())) : tr("&Undo"));
+    m_redoAction->setText(
+        stack && stack->canRedo() ? tr("&Redo %1").arg(menuText(stack->redoText())) : tr("&Redo"));
 }
 
 } // namespace VantoViewer

@@ -152,6 +152,7 @@ private Q_SLOTS:
         collection->getParameter(kWidth)->setValue(qint64(800));
         QTRY_COMPARE(journal.undoStack(info)->count(), 1);
         QVERIFY(journal.undoAction()->isEnabled());
+        QCOMPARE(journal.undoAction()->text(), QStringLiteral("&Undo Set Width to 800"));
         QSignalSpy applied(&journal, &ChangeJournal::applied);
 
         // When the user undoes
