@@ -2,6 +2,7 @@
 
 #include "changejournal.h"
 #include "journaltestsupport.h"
+#include "devicespane.h"
 #include "mainwindow.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
@@ -277,6 +278,34 @@ private Q_SLOTS:
         QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
     }
 
+    void reconnectedCameraKeepsItsJournalAndSteps()
+    {
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        cameras.collection(m_info)->getParameter(kGain)->setValue(9.0);
+        QTRY_COMPARE(journal.undoStack(m_info)->count(), 1);
+
+        // When the camera comes back as a new one (here: another built-in camera)
+        const ChangeJournal::BaseInfoPtr fresh = cameras.pool->openSimulated();
+        journal.replaceCamera(m_info, fresh, cameras.pool->getParameterCollection(fresh));
+
+        // Then its journal and its step go on with it, and undo writes to the new one
+        QCOMPARE(journal.activeCamera(), fresh.data());
+        QCOMPARE(journal.entries(fresh).size(), 1);
+        QVERIFY(!journal.undoStack(m_info));
+        QCOMPARE(journal.undoStack(fresh)->count(), 1);
+        // (the new camera came back with the value, as a camera that kept it would)
+        cameras.collection(fresh)->setWriteOrigin(Origin::Batch);
+        cameras.collection(fresh)->getParameter(kGain)->setValue(9.0);
+        cameras.collection(fresh)->setWriteOrigin(Origin::User);
+        QTRY_COMPARE(journal.entries(fresh).size(), 2);
+        QSignalSpy applied(&journal, &ChangeJournal::applied);
+        journal.undo();
+        QTRY_COMPARE(applied.count(), 1);
+        QCOMPARE(cameras.readBack(fresh, kGain).toDouble(), 0.0);
+        QCOMPARE(journal.entries(fresh).last().origin, Origin::Undo);
+    }
+
     void stackFollowsTheActiveCamera()
     {
         const JournalCameras& cameras = *m_cameras;
@@ -378,6 +407,15 @@ private Q_SLOTS:
             window->changesDock()->findChild<QAbstractItemView*>(QStringLiteral("changesView"));
         QVERIFY(changes);
         QCOMPARE(changes->model()->rowCount(), 3);
+
+        // It follows the active camera, and so do the Edit menu's entries
+        const auto second = cameras.pool->openSimulated();
+        window->addDevice(second);
+        QCOMPARE(changes->model()->rowCount(), 0);
+        QVERIFY(!journal->undoAction()->isEnabled());
+        window->devicesPane()->setActiveDevice(info);
+        QCOMPARE(changes->model()->rowCount(), 3);
+        QVERIFY(journal->undoAction()->isEnabled());
 
         window.reset();
         plugins->unloadAll();
