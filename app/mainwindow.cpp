@@ -1,6 +1,8 @@
 #include "mainwindow.h"
 
 #include "cameraname.h"
+#include "changejournal.h"
+#include "changespanel.h"
 #include "devicespane.h"
 #include "featureinstantiationservice.h"
 #include "featurestatusbar.h"
@@ -96,6 +98,7 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
         m_visibilityToolBar->toggleViewAction(), Core::CId(Plugin::AppCore::Constants::M_WINDOW),
         Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
     createCameraActions();
+    createChangesPanel();
 
     m_statusBar->showMessage(tr("Ready"));
 
@@ -124,6 +127,17 @@ void MainWindow::createCameraActions()
                              openSimulated, Core::CId(Plugin::AppCore::Constants::M_CAMERA),
                              Core::CId(Plugin::AppCore::Constants::G_CAMERA_DEVICES),
                              globalContext());
+    auto* openFile = new QAction(tr("Open Simulated Camera from GenICam File..."), this);
+    connect(openFile, &QAction::triggered, m_devicesPane, [this]() {
+        if (QAction* action =
+                m_devicesPane->findChild<QAction*>(QStringLiteral("openFromFileAction"))) {
+            action->trigger();
+        }
+    });
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Camera.OpenFromFile")), openFile,
+                             Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+                             Core::CId(Plugin::AppCore::Constants::G_CAMERA_DEVICES),
+                             globalContext());
     m_closeAction = new QAction(tr("Close Camera"), this);
     m_closeAction->setEnabled(false);
     connect(m_closeAction, &QAction::triggered, this,
@@ -145,6 +159,33 @@ void MainWindow::createCameraActions()
                              m_refreshAction, Core::CId(Plugin::AppCore::Constants::M_CAMERA),
                              Core::CId(Plugin::AppCore::Constants::G_CAMERA_FEATURES),
                              globalContext());
+}
+
+void MainWindow::createChangesPanel()
+{
+    m_journal = new ChangeJournal(this);
+    m_changesDock = new QDockWidget(tr("Changes"), this);
+    m_changesDock->setObjectName(QStringLiteral("VantoViewer.Changes"));
+    m_changesDock->setWidget(new ChangesPanel(m_journal, m_changesDock));
+    m_changesDock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetClosable);
+    addDockWidget(Qt::BottomDockWidgetArea, m_changesDock);
+    m_changesDock->hide();
+    m_menuService->addAction(
+        Core::CId(QStringLiteral("VantoViewer.Window.Changes")), m_changesDock->toggleViewAction(),
+        Core::CId(Plugin::AppCore::Constants::M_WINDOW),
+        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Edit.Undo")),
+                             m_journal->undoAction(), Core::CId(MenuService::EDIT_MENU),
+                             Core::CId(MenuService::EDIT_UNDO_GROUP), globalContext());
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Edit.Redo")),
+                             m_journal->redoAction(), Core::CId(MenuService::EDIT_MENU),
+                             Core::CId(MenuService::EDIT_UNDO_GROUP), globalContext());
+    // The shortcuts work while the menu bar is hidden or the window has no menu bar.
+    addAction(m_journal->undoAction());
+    addAction(m_journal->redoAction());
+    connect(m_journal, &ChangeJournal::applied, m_statusBar,
+            [this](const QString& text) { m_statusBar->showMessage(text); });
+    connect(m_journal, &ChangeJournal::refused, m_statusBar, &FeatureStatusBar::showError);
 }
 
 MainWindow::~MainWindow()
@@ -176,6 +217,12 @@ bool MainWindow::restoreLayout()
         restoreGeometry(geometry);
     }
     m_layoutRestored = !state.isEmpty() && restoreState(state, LAYOUT_VERSION);
+    // A panel whose tab lost its name since has nothing to show.
+    for (QDockWidget* dock : qAsConst(m_panelDocks)) {
+        if (dock->windowTitle().isEmpty()) {
+            dock->hide();
+        }
+    }
     return m_layoutRestored;
 }
 
@@ -252,6 +299,7 @@ void MainWindow::removeDevice(const QSharedPointer<Plugin::CameraPool::IBaseInfo
         return;
     }
     unregisterFromPanels(info);
+    m_journal->removeCamera(info);
     if (m_pool) {
         if (const auto collection = m_pool->getParameterCollection(info)) {
             disconnect(collection.data(), nullptr, this, nullptr);
@@ -344,6 +392,7 @@ MainWindow::reconnectCamera(const QSharedPointer<Plugin::CameraPool::IBaseInfo>&
         disconnect(old.data(), nullptr, this, nullptr);
         disconnect(old.data(), nullptr, m_statusBar, nullptr);
     }
+    m_journal->replaceCamera(info, fresh, m_pool->getParameterCollection(fresh));
     watchCollection(fresh);
     if (m_controlService) {
         m_controlService->registerDevice(fresh);
@@ -399,6 +448,7 @@ void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::
     if (m_controlService) {
         m_controlService->setActiveDevice(info);
     }
+    m_journal->setActiveCamera(info);
 }
 
 void MainWindow::unregisterFromPanels(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info)
@@ -420,6 +470,7 @@ void MainWindow::watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseI
     if (!collection) {
         return;
     }
+    m_journal->addCamera(info, collection);
     using ParameterCollection::IParameterCollection;
     const QString name = CameraName::of(*info);
     const QWeakPointer<Plugin::CameraPool::IBaseInfo> weakInfo = info;
@@ -538,6 +589,9 @@ void MainWindow::addPanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& fa
     m_panelDocks.insert(factory.data(), dock);
     const bool isDefault = product.id == Core::CId(DEFAULT_PANEL_ID);
     dock->setVisible(isDefault);
+    dock->toggleViewAction()->setVisible(!product.title.isEmpty());
+    connect(product.widget, &QWidget::windowTitleChanged, dock,
+            [this, dock](const QString& title) { retitlePanel(dock, title); });
     if (isDefault) {
         dock->raise();
     }
@@ -559,6 +613,20 @@ void MainWindow::addPanel(const QPointer<Plugin::AppCore::IDockPanelFactory>& fa
     }
     if (m_controlService) {
         m_controlService->setVisibility(m_visibilityToolBar->level());
+    }
+}
+
+void MainWindow::retitlePanel(QDockWidget* dock, const QString& title)
+{
+    const bool isNew = dock->windowTitle().isEmpty() && !title.isEmpty();
+    dock->setWindowTitle(title);
+    dock->toggleViewAction()->setVisible(!title.isEmpty());
+    if (title.isEmpty()) {
+        dock->hide();
+    } else if (isNew) {
+        // The user has just made the tab: show what it holds.
+        dock->show();
+        dock->raise();
     }
 }
 

@@ -41,6 +41,8 @@ class IFeatureTreeControlService;
 
 namespace VantoViewer {
 
+class ChangeJournal;
+class ChangesPanel;
 class DevicesPane;
 class FeatureInstantiationService;
 class FeatureStatusBar;
@@ -93,6 +95,9 @@ public:
     QSharedPointer<MenuService> menuService() const;
     QSharedPointer<WindowService> windowService() const;
     QSharedPointer<FeatureInstantiationService> instantiationService() const;
+    // What the user wrote to each camera, with its undo stacks; the "Changes" panel shows it.
+    ChangeJournal* changeJournal() const { return m_journal; }
+    QDockWidget* changesDock() const { return m_changesDock; }
 
     // Panel widgets belong to the plug-ins' code; the host drops them before unloading.
     void removeAllPanels();
@@ -122,6 +127,9 @@ private:
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();
     void createCameraActions();
+    void createChangesPanel();
+    // The panel's widget renamed it (a user tab); an empty title hides the panel.
+    void retitlePanel(QDockWidget* dock, const QString& title);
 
     QSharedPointer<Backend::CameraPool> m_pool;
     QSharedPointer<WindowService> m_windowService;
@@ -135,6 +143,8 @@ private:
     FeatureStatusBar* m_statusBar;                                         // child
     QAction* m_refreshAction = nullptr;                                    // child
     QAction* m_closeAction = nullptr;                                      // child
+    ChangeJournal* m_journal = nullptr;                                    // child
+    QDockWidget* m_changesDock = nullptr;                                  // child
     QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries
     bool m_layoutRestored = false;            // the saved or first-shown layout is in place
     bool m_reconnecting = false;     // the event loop runs while a camera opens; one at a time

@@ -17,6 +17,7 @@ MenuService::MenuService(QMenuBar* menuBar, QObject* parent)
     addMenu(Core::CId(Constants::M_CAMERA), tr("&Camera"),
             {QString::fromLatin1(Constants::G_CAMERA_DEVICES),
              QString::fromLatin1(Constants::G_CAMERA_FEATURES)});
+    addMenu(Core::CId(EDIT_MENU), tr("&Edit"), {QString::fromLatin1(EDIT_UNDO_GROUP)});
     addMenu(Core::CId(Constants::M_WINDOW), tr("&Window"),
             {QString::fromLatin1(Constants::G_WINDOW_WINDOWS)});
 }

@@ -11,11 +11,15 @@ class QMenuBar;
 
 namespace VantoViewer {
 
-// The menus of the main window's menu bar: "Camera" and "Window", each with its groups kept
+// The menus of the main window's menu bar: "Camera", "Edit" and "Window", each with its groups kept
 // apart by separators, so that a plug-in's entries stay together whatever loads later.
 class MenuService : public Plugin::AppCore::IMenuService {
     Q_OBJECT
 public:
+    // The host's own Edit menu and its undo group; not offered to the plug-ins yet.
+    static constexpr char EDIT_MENU[] = "VantoViewer.Menu.Edit";
+    static constexpr char EDIT_UNDO_GROUP[] = "VantoViewer.Group.Edit.Undo";
+
     explicit MenuService(QMenuBar* menuBar, QObject* parent = nullptr);
     ~MenuService() override;
 

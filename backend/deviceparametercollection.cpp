@@ -23,6 +23,7 @@ DeviceParameterCollection::DeviceParameterCollection(const QString& name, QObjec
     qRegisterMetaType<QVector<Backend::PublishedData>>();
     qRegisterMetaType<ParameterDataPtr>();
     qRegisterMetaType<ParameterCollection::Exception::Kind>();
+    qRegisterMetaType<Backend::DeviceParameterCollection::WriteRecord>();
     m_thread->setObjectName(QStringLiteral("device:") + name);
     // Aravis evaluates a chain of links by recursion, a few hundred bytes a link, and a
     // description may chain as many nodes as it likes. The stack is only address space until
@@ -33,6 +34,8 @@ DeviceParameterCollection::DeviceParameterCollection(const QString& name, QObjec
     connect(m_worker, &DeviceWorker::published, this, &DeviceParameterCollection::onPublished);
     connect(m_worker, &DeviceWorker::lost, this, &DeviceParameterCollection::onLost);
     connect(m_worker, &DeviceWorker::writeFailed, this, &IParameterCollection::writeFailed);
+    connect(m_worker, &DeviceWorker::writeAnswered, this,
+            &DeviceParameterCollection::onWriteAnswered);
     m_thread->start();
 }
 
@@ -874,8 +877,29 @@ void DeviceParameterCollection::checkWritable(const ParameterData& data,
 
 void DeviceParameterCollection::write(int map, int node, const QVariant& value)
 {
-    const QVariant v = validated(map, node, value);
     const NodeInfo& info = infoOf(map, node);
+    const ParameterData& before = *m_maps[map].data[node];
+    WriteRecord record;
+    record.fullName = info.fullName;
+    record.origin = m_writeOrigin;
+    record.issued = QDateTime::currentDateTime();
+    record.command = info.type == CommandType;
+    if (before.readable && !record.command) {
+        record.oldValue = before.value;
+        record.oldText = before.displayText;
+    }
+    QVariant v;
+    try {
+        v = validated(map, node, value);
+    } catch (const Exception& e) {
+        record.newValue = value;
+        record.newText = value.type() == QVariant::ByteArray ? registerText(value.toByteArray())
+                                                             : value.toString();
+        record.kind = e.kind();
+        record.reason = e.message();
+        Q_EMIT writeFinished(record);
+        throw;
+    }
     if (info.type == CommandType && !v.toBool()) {
         return;
     }
@@ -918,10 +942,30 @@ void DeviceParameterCollection::write(int map, int node, const QVariant& value)
     }
     store(map, node, optimistic);
 
+    record.newValue = v;
+    record.newText = optimistic->displayText;
+    const quint64 id = ++m_lastWriteId;
+    m_unanswered.append({id, record});
     DeviceWorker* worker = m_worker;
-    if (worker->enqueueWrite({map, node, v})) {
+    if (worker->enqueueWrite({map, node, v, id})) {
         QMetaObject::invokeMethod(
             worker, [worker] { worker->processWrites(); }, Qt::QueuedConnection);
+    }
+}
+
+void DeviceParameterCollection::onWriteAnswered(quint64 id, bool ok, Exception::Kind kind,
+                                                const QString& message)
+{
+    // The device answers in the order of the queue; a coalesced write answers for the earlier
+    // ones to its feature that it replaced.
+    while (!m_unanswered.isEmpty() && m_unanswered.first().first <= id) {
+        WriteRecord record = m_unanswered.takeFirst().second;
+        record.done = ok;
+        if (!ok) {
+            record.kind = kind;
+            record.reason = message;
+        }
+        Q_EMIT writeFinished(record);
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <parametercollection/iparametercollection.h>
 
+#include <QDateTime>
 #include <QEventLoop>
 #include <QHash>
 #include <QPointer>
@@ -26,6 +27,27 @@ class DeviceParameterCollection : public ParameterCollection::IParameterCollecti
 public:
     // The device thread's stack: deep enough for a chain of a million links.
     static constexpr uint kDeviceThreadStackBytes = 1024u * 1024u * 1024u;
+
+    // Who asked for a write: the change journal keeps the user's own writes apart from those
+    // of its undo and redo and of a feature set applied as one batch.
+    enum class WriteOrigin { User, Undo, Redo, Batch };
+
+    // One call of write() once its outcome is known: taken by the device, or refused by it or
+    // by the checks here before anything was queued. Writes to one feature that the device
+    // queue coalesced (a slider being dragged) share the outcome of the last of them.
+    struct WriteRecord {
+        QString fullName;
+        WriteOrigin origin = WriteOrigin::User;
+        QDateTime issued;
+        bool command = false;
+        QVariant oldValue; // as write() takes it; invalid when the old value had not been read
+        QString oldText;
+        QVariant newValue;
+        QString newText;
+        bool done = false;
+        ParameterCollection::Exception::Kind kind = ParameterCollection::Exception::Generic;
+        QString reason; // why not done; does not name the feature
+    };
 
     explicit DeviceParameterCollection(const QString& name, QObject* parent = nullptr);
     ~DeviceParameterCollection() override;
@@ -89,6 +111,13 @@ public:
     void addObserver(int map, int node);
     void removeObserver(int map, int node);
 
+    // The origin that the writes from now on carry in their records; User unless set.
+    void setWriteOrigin(WriteOrigin origin) { m_writeOrigin = origin; }
+    WriteOrigin writeOrigin() const { return m_writeOrigin; }
+
+Q_SIGNALS:
+    void writeFinished(const Backend::DeviceParameterCollection::WriteRecord& record);
+
 private:
     struct Override {
         bool hasVisibility = false;
@@ -107,6 +136,8 @@ private:
 
     void onPublished(int map, const QVector<Backend::PublishedData>& batch);
     void onLost(const QString& message);
+    void onWriteAnswered(quint64 id, bool ok, ParameterCollection::Exception::Kind kind,
+                         const QString& message);
     void markMapLost(int map);
     static ParameterCollection::ParameterDataPtr
     markedLost(const ParameterCollection::ParameterDataPtr& data);
@@ -136,6 +167,11 @@ private:
     QString m_lostReason;
     int m_attachTimeoutMs = 0;
     QPointer<QEventLoop> m_attachLoop; // the wait of the attach in progress
+    WriteOrigin m_writeOrigin = WriteOrigin::User;
+    quint64 m_lastWriteId = 0;
+    QVector<QPair<quint64, WriteRecord>> m_unanswered; // queued writes, oldest first
 };
 
 } // namespace Backend
+
+Q_DECLARE_METATYPE(Backend::DeviceParameterCollection::WriteRecord)

@@ -294,6 +294,7 @@ bool DeviceWorker::enqueueWrite(const PendingWrite& write)
     if (!wasEmpty && m_pendingWrites.last().map == write.map &&
         m_pendingWrites.last().node == write.node) {
         m_pendingWrites.last().value = write.value;
+        m_pendingWrites.last().id = write.id;
     } else {
         m_pendingWrites.append(write);
     }
@@ -372,6 +373,8 @@ void DeviceWorker::processWrites()
         if (m_lost.load()) {
             Q_EMIT writeFailed(m_maps[size_t(w.map)]->structure->nodes[w.node].fullName,
                                Exception::DeviceLost, QStringLiteral("the device is lost"));
+            Q_EMIT writeAnswered(w.id, false, Exception::DeviceLost,
+                                 QStringLiteral("the device is lost"));
             forced[w.map].insert(w.node);
             continue;
         }
@@ -385,6 +388,7 @@ void DeviceWorker::processWrites()
         if (!ok) {
             Q_EMIT writeFailed(map.structure->nodes[w.node].fullName, kind, message);
         }
+        Q_EMIT writeAnswered(w.id, ok, kind, message);
         for (int d : dependencyClosure(w.map, w.node)) {
             toRead[w.map].insert(d);
         }

@@ -27,6 +27,7 @@ struct PendingWrite {
     int map = -1;
     int node = -1;
     QVariant value;
+    quint64 id = 0; // the collection's number for it; a coalesced write keeps the latest
 };
 
 // Owns every Aravis object of one device and is the only code that touches them. Lives on the
@@ -77,6 +78,9 @@ Q_SIGNALS:
     void writeFailed(const QString& fullName, ParameterCollection::Exception::Kind kind,
                      const QString& message);
     void lost(const QString& message);
+    // Every write taken from the queue, once the device answered it; `message` says why not.
+    void writeAnswered(quint64 id, bool ok, ParameterCollection::Exception::Kind kind,
+                       const QString& message);
 
 private:
     struct NodeMap;

@@ -2,6 +2,127 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::ChangeJournal</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Undo</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Redo</translation>
+    </message>
+    <message>
+        <source>Set %1 to %2</source>
+        <translation>Set %1 to %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s)</source>
+        <translation>
+            <numerusform>%n feature</numerusform>
+            <numerusform>%n features</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the camera is closed</source>
+        <translation>the camera is closed</translation>
+    </message>
+    <message>
+        <source>%1: the camera has no such feature</source>
+        <translation>%1: the camera has no such feature</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>Undone: %1</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>Redone: %1</translation>
+    </message>
+    <message>
+        <source>Cannot undo &quot;%1&quot;: %2</source>
+        <translation>Cannot undo &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>Cannot redo &quot;%1&quot;: %2</source>
+        <translation>Cannot redo &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Undo %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Redo %1</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ChangesModel</name>
+    <message>
+        <source>Execute</source>
+        <translation>Execute</translation>
+    </message>
+    <message>
+        <source>(not read)</source>
+        <translation>(not read)</translation>
+    </message>
+    <message>
+        <source>Applied as one step</source>
+        <translation>Applied as one step</translation>
+    </message>
+    <message>
+        <source>Undone</source>
+        <translation>Undone</translation>
+    </message>
+    <message>
+        <source>Undo refused: %1</source>
+        <translation>Undo refused: %1</translation>
+    </message>
+    <message>
+        <source>Redone</source>
+        <translation>Redone</translation>
+    </message>
+    <message>
+        <source>Redo refused: %1</source>
+        <translation>Redo refused: %1</translation>
+    </message>
+    <message>
+        <source>Done (feature set)</source>
+        <translation>Done (feature set)</translation>
+    </message>
+    <message>
+        <source>Refused (feature set): %1</source>
+        <translation>Refused (feature set): %1</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Done</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>Refused: %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Old Value</source>
+        <translation>Old Value</translation>
+    </message>
+    <message>
+        <source>New Value</source>
+        <translation>New Value</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Result</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -196,6 +317,14 @@ Transport: %3</translation>
         <source>Opening %1...</source>
         <translation>Opening %1...</translation>
     </message>
+    <message>
+        <source>Open Simulated Camera from GenICam File...</source>
+        <translation>Open Simulated Camera from GenICam File...</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Changes</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -206,6 +335,10 @@ Transport: %3</translation>
     <message>
         <source>&amp;Window</source>
         <translation>&amp;Window</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Edit</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,126 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::ChangeJournal</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>やり直し(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Set %1 to %2</source>
+        <translation>%1 を %2 に設定</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s)</source>
+        <translation>
+            <numerusform>%n 個の機能</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the camera is closed</source>
+        <translation>カメラは閉じられています</translation>
+    </message>
+    <message>
+        <source>%1: the camera has no such feature</source>
+        <translation>%1: カメラにこの機能はありません</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>元に戻しました: %1</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>やり直しました: %1</translation>
+    </message>
+    <message>
+        <source>Cannot undo &quot;%1&quot;: %2</source>
+        <translation>「%1」を元に戻せません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot redo &quot;%1&quot;: %2</source>
+        <translation>「%1」をやり直せません: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>%1 を元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>%1 をやり直す(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ChangesModel</name>
+    <message>
+        <source>Execute</source>
+        <translation>実行</translation>
+    </message>
+    <message>
+        <source>(not read)</source>
+        <translation>(未読み取り)</translation>
+    </message>
+    <message>
+        <source>Applied as one step</source>
+        <translation>一つの操作として適用</translation>
+    </message>
+    <message>
+        <source>Undone</source>
+        <translation>元に戻しました</translation>
+    </message>
+    <message>
+        <source>Undo refused: %1</source>
+        <translation>元に戻す操作が拒否されました: %1</translation>
+    </message>
+    <message>
+        <source>Redone</source>
+        <translation>やり直しました</translation>
+    </message>
+    <message>
+        <source>Redo refused: %1</source>
+        <translation>やり直しが拒否されました: %1</translation>
+    </message>
+    <message>
+        <source>Done (feature set)</source>
+        <translation>完了 (機能セット)</translation>
+    </message>
+    <message>
+        <source>Refused (feature set): %1</source>
+        <translation>拒否 (機能セット): %1</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>拒否されました: %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>機能</translation>
+    </message>
+    <message>
+        <source>Old Value</source>
+        <translation>変更前の値</translation>
+    </message>
+    <message>
+        <source>New Value</source>
+        <translation>新しい値</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>結果</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -195,6 +315,14 @@ Transport: %3</source>
         <source>Opening %1...</source>
         <translation>%1 を開いています...</translation>
     </message>
+    <message>
+        <source>Open Simulated Camera from GenICam File...</source>
+        <translation>GenICam ファイルからシミュレートカメラを開く...</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>変更履歴</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -205,6 +333,10 @@ Transport: %3</source>
     <message>
         <source>&amp;Window</source>
         <translation>ウィンドウ(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,126 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::ChangeJournal</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>실행 취소(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>다시 실행(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Set %1 to %2</source>
+        <translation>%1을(를) %2(으)로 설정</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s)</source>
+        <translation>
+            <numerusform>기능 %n개</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the camera is closed</source>
+        <translation>카메라가 닫혔습니다</translation>
+    </message>
+    <message>
+        <source>%1: the camera has no such feature</source>
+        <translation>%1: 카메라에 이 기능이 없습니다</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>실행 취소됨: %1</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>다시 실행됨: %1</translation>
+    </message>
+    <message>
+        <source>Cannot undo &quot;%1&quot;: %2</source>
+        <translation>&quot;%1&quot;을(를) 실행 취소할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Cannot redo &quot;%1&quot;: %2</source>
+        <translation>&quot;%1&quot;을(를) 다시 실행할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>%1 실행 취소(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>%1 다시 실행(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ChangesModel</name>
+    <message>
+        <source>Execute</source>
+        <translation>실행</translation>
+    </message>
+    <message>
+        <source>(not read)</source>
+        <translation>(읽지 않음)</translation>
+    </message>
+    <message>
+        <source>Applied as one step</source>
+        <translation>한 단계로 적용됨</translation>
+    </message>
+    <message>
+        <source>Undone</source>
+        <translation>실행 취소됨</translation>
+    </message>
+    <message>
+        <source>Undo refused: %1</source>
+        <translation>실행 취소 거부됨: %1</translation>
+    </message>
+    <message>
+        <source>Redone</source>
+        <translation>다시 실행됨</translation>
+    </message>
+    <message>
+        <source>Redo refused: %1</source>
+        <translation>다시 실행 거부됨: %1</translation>
+    </message>
+    <message>
+        <source>Done (feature set)</source>
+        <translation>완료 (기능 세트)</translation>
+    </message>
+    <message>
+        <source>Refused (feature set): %1</source>
+        <translation>거부됨 (기능 세트): %1</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>완료</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>거부됨: %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>시각</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>기능</translation>
+    </message>
+    <message>
+        <source>Old Value</source>
+        <translation>이전 값</translation>
+    </message>
+    <message>
+        <source>New Value</source>
+        <translation>새 값</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>결과</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -195,6 +315,14 @@ Transport: %3</source>
         <source>Opening %1...</source>
         <translation>%1 여는 중...</translation>
     </message>
+    <message>
+        <source>Open Simulated Camera from GenICam File...</source>
+        <translation>GenICam 파일에서 시뮬레이션 카메라 열기...</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>변경 내역</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -205,6 +333,10 @@ Transport: %3</source>
     <message>
         <source>&amp;Window</source>
         <translation>창(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>편집(&amp;E)</translation>
     </message>
 </context>
 <context>

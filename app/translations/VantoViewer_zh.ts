@@ -2,6 +2,126 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::ChangeJournal</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Set %1 to %2</source>
+        <translation>将 %1 设为 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s)</source>
+        <translation>
+            <numerusform>%n 个功能</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the camera is closed</source>
+        <translation>相机已关闭</translation>
+    </message>
+    <message>
+        <source>%1: the camera has no such feature</source>
+        <translation>%1: 相机没有此功能</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>已撤销: %1</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>已重做: %1</translation>
+    </message>
+    <message>
+        <source>Cannot undo &quot;%1&quot;: %2</source>
+        <translation>无法撤销“%1”: %2</translation>
+    </message>
+    <message>
+        <source>Cannot redo &quot;%1&quot;: %2</source>
+        <translation>无法重做“%1”: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>撤销 %1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>重做 %1(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ChangesModel</name>
+    <message>
+        <source>Execute</source>
+        <translation>执行</translation>
+    </message>
+    <message>
+        <source>(not read)</source>
+        <translation>(未读取)</translation>
+    </message>
+    <message>
+        <source>Applied as one step</source>
+        <translation>作为一步应用</translation>
+    </message>
+    <message>
+        <source>Undone</source>
+        <translation>已撤销</translation>
+    </message>
+    <message>
+        <source>Undo refused: %1</source>
+        <translation>撤销被拒绝: %1</translation>
+    </message>
+    <message>
+        <source>Redone</source>
+        <translation>已重做</translation>
+    </message>
+    <message>
+        <source>Redo refused: %1</source>
+        <translation>重做被拒绝: %1</translation>
+    </message>
+    <message>
+        <source>Done (feature set)</source>
+        <translation>完成 (功能集)</translation>
+    </message>
+    <message>
+        <source>Refused (feature set): %1</source>
+        <translation>被拒绝 (功能集): %1</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>被拒绝: %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>功能</translation>
+    </message>
+    <message>
+        <source>Old Value</source>
+        <translation>旧值</translation>
+    </message>
+    <message>
+        <source>New Value</source>
+        <translation>新值</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -195,6 +315,14 @@ Transport: %3</source>
         <source>Opening %1...</source>
         <translation>正在打开 %1...</translation>
     </message>
+    <message>
+        <source>Open Simulated Camera from GenICam File...</source>
+        <translation>从 GenICam 文件打开模拟相机...</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>更改记录</translation>
+    </message>
 </context>
 <context>
     <name>VantoViewer::MenuService</name>
@@ -205,6 +333,10 @@ Transport: %3</source>
     <message>
         <source>&amp;Window</source>
         <translation>窗口(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
     </message>
 </context>
 <context>

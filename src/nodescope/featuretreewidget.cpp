@@ -617,6 +617,7 @@ void CFeatureTreeWidget::followUserTab()
     for (FeatureTreeWidget* tree : qAsConst(m_trees)) {
         applyUserTab(tree);
     }
+    Q_EMIT userTabStored();
 }
 
 void CFeatureTreeWidget::applyUserTab(FeatureTreeWidget* tree)

@@ -88,6 +88,8 @@ Q_SIGNALS:
     void currentChanged(QSharedPointer<ParameterCollection::IParameter> parameter);
     void newText(QString text);
     void addUserTab(unsigned int index, QString const& name);
+    // The user tab that this panel shows was stored again: its name may have changed.
+    void userTabStored();
 
 private Q_SLOTS:
     // The editor's "OK", "Cancel" and close button; connected by signature because the

@@ -72,7 +72,15 @@ Plugin::AppCore::SDockPanelFactoryProduct CFeatureTreeWidgetFactory::createDockP
             connect(m_widget.data(), &CFeatureTreeWidget::newText, status,
                     &IFeatureTreeStatusService::newText);
         }
+        // The host titles the panel's dock after the widget, so that a renamed tab shows its
+        // new name at once.
+        connect(m_widget.data(), &CFeatureTreeWidget::userTabStored, this, [this]() {
+            if (m_widget) {
+                m_widget->setWindowTitle(title());
+            }
+        });
     }
+    m_widget->setWindowTitle(title());
 
     Plugin::AppCore::SDockPanelFactoryProduct product;
     product.widget = m_widget.data();
@@ -93,6 +101,10 @@ QString CFeatureTreeWidgetFactory::title() const
         for (int tab = 0; tab < Constants::USER_TAB_COUNT; ++tab) {
             if (m_widgetId == Core::CId(Constants::W_FEATURETREE_WIDGET_USER_IDS[tab])) {
                 suffix = CFeatureTreeWidget::storedUserTabName(tab);
+                if (suffix.isEmpty()) {
+                    // A tab without a name does not exist: nothing for the host to list.
+                    return QString();
+                }
                 // The host's menus would take a lone "&" for a shortcut mark.
                 suffix.replace(QLatin1Char('&'), QStringLiteral("&&"));
             }

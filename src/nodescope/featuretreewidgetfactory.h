@@ -44,7 +44,8 @@ public:
 
     Plugin::AppCore::SDockPanelFactoryProduct createDockPanel() override;
 
-    // The panel's title as the host shows it in its tabs and menus ("&" doubled).
+    // The panel's title as the host shows it in its tabs and menus ("&" doubled); empty for a
+    // user tab without a name. The widget carries it as its window title, kept up to date.
     QString title() const;
 
 private:

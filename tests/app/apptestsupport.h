@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractItemModel>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QString>
@@ -10,6 +11,31 @@ inline void isolateSettings(const QString& folder)
     QStandardPaths::setTestModeEnabled(true);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
+}
+
+// The role of the plug-in's feature tree that holds a row's full feature name, part of its
+// contract with views.
+constexpr int TREE_FULL_NAME_ROLE = Qt::UserRole + 1;
+
+// The row of the feature `fullName` below `parent` in a feature tree model, fetching rows that
+// are built on demand; invalid when there is none.
+inline QModelIndex findFeature(QAbstractItemModel* model, const QModelIndex& parent,
+                               const QString& fullName)
+{
+    while (model->canFetchMore(parent)) {
+        model->fetchMore(parent);
+    }
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        if (index.data(TREE_FULL_NAME_ROLE).toString() == fullName) {
+            return index;
+        }
+        const QModelIndex below = findFeature(model, index, fullName);
+        if (below.isValid()) {
+            return below;
+        }
+    }
+    return {};
 }
 
 #include "mainwindow.h"

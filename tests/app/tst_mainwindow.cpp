@@ -40,6 +40,7 @@
 #include <QSemaphore>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QWindow>
 #include <QtTest>
 
 #include <atomic>
@@ -86,7 +87,7 @@ int storedPanelLevel(const MainWindow& window)
 }
 
 // Roles of the plug-in's feature tree, part of its contract with views.
-constexpr int FULL_NAME_ROLE = Qt::UserRole + 1;
+constexpr int FULL_NAME_ROLE = TREE_FULL_NAME_ROLE;
 constexpr int IS_CATEGORY_ROLE = Qt::UserRole + 5;
 
 // Full names of the features below `parent`, fetching rows that are built on demand.
@@ -103,25 +104,6 @@ void collectFeatures(QAbstractItemModel* model, const QModelIndex& parent, QStri
         }
         collectFeatures(model, index, names);
     }
-}
-
-QModelIndex findFeature(QAbstractItemModel* model, const QModelIndex& parent,
-                        const QString& fullName)
-{
-    while (model->canFetchMore(parent)) {
-        model->fetchMore(parent);
-    }
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (index.data(FULL_NAME_ROLE).toString() == fullName) {
-            return index;
-        }
-        const QModelIndex below = findFeature(model, index, fullName);
-        if (below.isValid()) {
-            return below;
-        }
-    }
-    return {};
 }
 
 // Rows the view shows (not hidden by the visibility level) below `parent`, expanded.
@@ -169,6 +151,26 @@ QAction* actionNamed(QMenu* menu, const QString& text)
     for (QAction* action : menu->actions()) {
         if (action->text() == text) {
             return action;
+        }
+    }
+    return nullptr;
+}
+
+// Opens the plug-in's feature tab editor from a panel and returns its scene's root, which
+// declares the editor's signals ("nameChanged", "add"); null when it did not open.
+QObject* openTabEditor(QDockWidget* panel)
+{
+    if (!panel || !panel->widget() ||
+        !QMetaObject::invokeMethod(panel->widget(), "showOptionsMenu")) {
+        return nullptr;
+    }
+    for (QWindow* window : QGuiApplication::allWindows()) {
+        for (QObject* object : window->findChildren<QObject*>()) {
+            const QMetaObject* meta = object->metaObject();
+            if (meta->indexOfSignal("add()") >= 0 &&
+                meta->indexOfSignal("nameChanged(int,QString)") >= 0) {
+                return object;
+            }
         }
     }
     return nullptr;
@@ -296,6 +298,88 @@ private Q_SLOTS:
         QVERIFY(basic->isVisible());
         toggle->trigger();
         QVERIFY(!basic->isVisible());
+    }
+
+    void windowMenuListsNoPanelOfAnUnnamedTab()
+    {
+        QMenu* windowMenu = m_window->menuService()->menu(Core::CId(Constants::M_WINDOW));
+        QStringList shown;
+        for (QAction* action : windowMenu->actions()) {
+            if (action->isVisible() && !action->isSeparator()) {
+                shown.append(action->text());
+                QVERIFY2(!action->text().trimmed().endsWith(QStringLiteral("–")),
+                         qPrintable(action->text()));
+            }
+        }
+        QVERIFY(shown.contains(QStringLiteral("Features – All")));
+        QVERIFY(shown.contains(QStringLiteral("Changes")));
+    }
+
+    void panelTitleFollowsItsTabsNameOnOk()
+    {
+        QMenu* windowMenu = m_window->menuService()->menu(Core::CId(Constants::M_WINDOW));
+        QDockWidget* all = m_window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QDockWidget* tab = m_window->panelDock(Core::CId("Nodescope.Widget.User1"));
+        QVERIFY(all);
+        QVERIFY(tab);
+        QVERIFY(!tab->toggleViewAction()->isVisible());
+
+        // When the user names the second tab in the tab editor and presses OK
+        QObject* editor = openTabEditor(all);
+        QVERIFY2(editor, "the feature tab editor did not open");
+        QMetaObject::invokeMethod(editor, "nameChanged", Q_ARG(int, 1),
+                                  Q_ARG(QString, QStringLiteral("Optics")));
+        QMetaObject::invokeMethod(editor, "add");
+
+        // Then its panel has the name at once, in its dock and in the Window menu
+        QCOMPARE(tab->windowTitle(), QStringLiteral("Features – Optics"));
+        QAction* toggle = actionNamed(windowMenu, QStringLiteral("Features – Optics"));
+        QVERIFY(toggle);
+        QVERIFY(toggle->isVisible());
+        QVERIFY(tab->isVisible());
+
+        // And a rename follows the same way
+        editor = openTabEditor(all);
+        QVERIFY(editor);
+        QMetaObject::invokeMethod(editor, "nameChanged", Q_ARG(int, 1),
+                                  Q_ARG(QString, QStringLiteral("Timing")));
+        QMetaObject::invokeMethod(editor, "add");
+        QCOMPARE(tab->windowTitle(), QStringLiteral("Features – Timing"));
+        QVERIFY(actionNamed(windowMenu, QStringLiteral("Features – Timing")));
+        QVERIFY(!actionNamed(windowMenu, QStringLiteral("Features – Optics")));
+
+        // A tab whose name the user clears is gone from the window
+        editor = openTabEditor(all);
+        QVERIFY(editor);
+        QMetaObject::invokeMethod(editor, "nameChanged", Q_ARG(int, 1), Q_ARG(QString, QString()));
+        QMetaObject::invokeMethod(editor, "add");
+        QVERIFY(!tab->isVisible());
+        QVERIFY(!tab->toggleViewAction()->isVisible());
+    }
+
+    void cameraMenuOffersEverythingTheOpenButtonDoes()
+    {
+        QMenu* cameraMenu = m_window->menuService()->menu(Core::CId(Constants::M_CAMERA));
+        auto* open = m_window->devicesPane()->findChild<QToolButton*>(QStringLiteral("openButton"));
+        QVERIFY(open && open->menu());
+        QStringList offered;
+        for (QAction* action : cameraMenu->actions()) {
+            if (action->isVisible() && !action->isSeparator()) {
+                offered.append(action->text().remove(QLatin1Char('&')));
+            }
+        }
+        QAction* builtIn = nullptr;
+        for (QAction* action : open->menu()->actions()) {
+            const QString text = action->text().remove(QLatin1Char('&'));
+            const QString entry = QStringLiteral("Open ") + text;
+            QVERIFY2(offered.contains(entry), qPrintable(entry));
+            if (action->objectName() == QLatin1String("openBuiltInAction")) {
+                builtIn = actionNamed(cameraMenu, entry);
+            }
+        }
+        QVERIFY(builtIn);
+        builtIn->trigger();
+        QCOMPARE(m_window->devicesPane()->devices().size(), 1);
     }
 
     void simulatedCameraFillsTheFeaturesPanel()

@@ -32,7 +32,7 @@ class TestMenuService : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cameraAndWindowMenusAreInTheMenuBar()
+    void cameraEditAndWindowMenusAreInTheMenuBar()
     {
         QMainWindow window;
         MenuService service(window.menuBar());
@@ -42,9 +42,13 @@ private Q_SLOTS:
         QVERIFY(cameraMenu);
         QVERIFY(windowMenu);
         const QList<QAction*> barActions = window.menuBar()->actions();
-        QCOMPARE(barActions.size(), 2);
+        QMenu* editMenu = service.menu(Core::CId(MenuService::EDIT_MENU));
+        QVERIFY(editMenu);
+        QCOMPARE(barActions.size(), 3);
         QCOMPARE(barActions.at(0)->menu(), cameraMenu);
-        QCOMPARE(barActions.at(1)->menu(), windowMenu);
+        QCOMPARE(barActions.at(1)->menu(), editMenu);
+        QCOMPARE(barActions.at(2)->menu(), windowMenu);
+        QCOMPARE(editMenu->title().remove(QLatin1Char('&')), QStringLiteral("Edit"));
         QCOMPARE(cameraMenu->title().remove(QLatin1Char('&')), QStringLiteral("Camera"));
         QCOMPARE(windowMenu->title().remove(QLatin1Char('&')), QStringLiteral("Window"));
         QVERIFY(!service.menu(Core::CId("VantoViewer.Menu.Nothing")));

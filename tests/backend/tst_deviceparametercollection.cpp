@@ -76,6 +76,7 @@ private Q_SLOTS:
     void shouldOverrideVisibilityAndAccessMode();
     void shouldRejectOverrideTextItDoesNotUnderstand();
     void shouldReportRefusedWriteAndRevert();
+    void shouldRecordEveryWritesOutcomeWithOldAndNewValue();
     void shouldBecomeLostWhenDeviceStopsAnswering();
     void shouldBreakCategoryCycles();
     void shouldNotEvaluateReferenceCycles();
@@ -395,6 +396,61 @@ void tst_DeviceParameterCollection::shouldReportRefusedWriteAndRevert()
              qPrintable(failed.at(0).at(2).toString()));
     QTRY_COMPARE(width->getParameterData()->value.toLongLong(), 1024);
     QVERIFY(!c->isLost());
+}
+
+void tst_DeviceParameterCollection::shouldRecordEveryWritesOutcomeWithOldAndNewValue()
+{
+    using Record = DeviceParameterCollection::WriteRecord;
+    using Origin = DeviceParameterCollection::WriteOrigin;
+    auto c = openMinimal();
+    QSignalSpy finished(c.get(), &DeviceParameterCollection::writeFinished);
+    const auto width = c->getParameter(QStringLiteral("@CameraDevice/Width"));
+
+    // A write the device takes
+    width->setValue(QVariant(320));
+    QVERIFY(finished.wait());
+    Record record = finished.takeFirst().at(0).value<Record>();
+    QCOMPARE(record.fullName, QStringLiteral("@CameraDevice/Width"));
+    QCOMPARE(record.origin, Origin::User);
+    QCOMPARE(record.oldValue.toLongLong(), 1024);
+    QCOMPARE(record.oldText, QStringLiteral("1024"));
+    QCOMPARE(record.newValue.toLongLong(), 320);
+    QCOMPARE(record.newText, QStringLiteral("320"));
+    QVERIFY(record.done);
+    QVERIFY(record.issued.isValid());
+
+    // Refused before it is queued: at once, with the check's reason
+    c->setWriteOrigin(Origin::Undo);
+    QVERIFY_EXCEPTION_THROWN(width->setValue(QVariant(5000)), RangeException);
+    c->setWriteOrigin(Origin::User);
+    QCOMPARE(finished.count(), 1);
+    record = finished.takeFirst().at(0).value<Record>();
+    QVERIFY(!record.done);
+    QCOMPARE(record.origin, Origin::Undo);
+    QCOMPARE(record.kind, Exception::Range);
+    QCOMPARE(record.reason, QStringLiteral("5000 is above the maximum 4096"));
+
+    // Refused by the device: with its reason
+    deviceOf(*c)->setFault(SimulatedDevice::Fault::RefuseWrites);
+    width->setValue(QVariant(640));
+    QVERIFY(finished.wait());
+    record = finished.takeFirst().at(0).value<Record>();
+    QVERIFY(!record.done);
+    QCOMPARE(record.kind, Exception::Access);
+    QVERIFY2(record.reason.contains(QStringLiteral("Access denied")), qPrintable(record.reason));
+    deviceOf(*c)->setFault(SimulatedDevice::Fault::None);
+
+    // Writes the queue coalesced each get the outcome of the one that reached the device
+    c->waitForDevice();
+    finished.clear();
+    for (int w : {32, 48, 64}) {
+        width->setValue(QVariant(w));
+    }
+    QTRY_COMPARE(finished.count(), 3);
+    for (const QList<QVariant>& args : qAsConst(finished)) {
+        QVERIFY(args.at(0).value<Record>().done);
+    }
+    QCOMPARE(finished.last().at(0).value<Record>().newValue.toLongLong(), 64);
 }
 
 void tst_DeviceParameterCollection::shouldBecomeLostWhenDeviceStopsAnswering()

@@ -52,7 +52,8 @@ private Q_SLOTS:
     void shouldTitleEachPanelByItsKind_data();
     void shouldTitleEachPanelByItsKind();
     void shouldDoubleTheAmpersandOfAUserTabName();
-    void shouldEndTheTitleAfterTheSeparatorForAnUnnamedTab();
+    void shouldGiveNoTitleToAnUnnamedTab();
+    void shouldRetitleTheWidgetWhenItsTabIsRenamed();
     void shouldTakeTheLatestTabNameForEachCall();
     void shouldTellTheStatusServiceWhatThePanelShows();
     void shouldUseTheLatestInjectedService();
@@ -266,7 +267,7 @@ void tst_FeatureTreeWidgetFactory::shouldDoubleTheAmpersandOfAUserTabName()
     QCOMPARE(product.title, QStringLiteral("Features – R&&D"));
 }
 
-void tst_FeatureTreeWidgetFactory::shouldEndTheTitleAfterTheSeparatorForAnUnnamedTab()
+void tst_FeatureTreeWidgetFactory::shouldGiveNoTitleToAnUnnamedTab()
 {
     auto factory = makeFactory(Constants::W_FEATURETREE_WIDGET_USER_IDS[1]);
 
@@ -274,7 +275,25 @@ void tst_FeatureTreeWidgetFactory::shouldEndTheTitleAfterTheSeparatorForAnUnname
     m_widgets.append(product.widget);
 
     QVERIFY(product.widget);
-    QCOMPARE(product.title, QStringLiteral("Features") + kDash);
+    QCOMPARE(product.title, QString());
+    QCOMPARE(product.widget->windowTitle(), QString());
+}
+
+void tst_FeatureTreeWidgetFactory::shouldRetitleTheWidgetWhenItsTabIsRenamed()
+{
+    storeTabName(0, QStringLiteral("Optics"));
+    auto factory = makeFactory(Constants::W_FEATURETREE_WIDGET_USER_IDS[0]);
+    const SDockPanelFactoryProduct product = factory->createDockPanel();
+    m_widgets.append(product.widget);
+    QCOMPARE(product.widget->windowTitle(), QStringLiteral("Features – Optics"));
+    QSignalSpy retitled(product.widget, &QWidget::windowTitleChanged);
+
+    CFeatureTreeWidget::storeUserTab(0, QStringLiteral("Timing"), {});
+
+    QCOMPARE(retitled.count(), 1);
+    QCOMPARE(product.widget->windowTitle(), QStringLiteral("Features – Timing"));
+    CFeatureTreeWidget::storeUserTab(0, QString(), {});
+    QCOMPARE(product.widget->windowTitle(), QString());
 }
 
 void tst_FeatureTreeWidgetFactory::shouldTakeTheLatestTabNameForEachCall()
