@@ -4,18 +4,24 @@
 <context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
+        <location filename="../changejournal.cpp" line="+30"/>
+        <location line="+323"/>
         <source>&amp;Undo</source>
         <translation>&amp;Undo</translation>
     </message>
     <message>
+        <location line="-322"/>
+        <location line="+324"/>
         <source>&amp;Redo</source>
         <translation>&amp;Redo</translation>
     </message>
     <message>
+        <location line="-196"/>
         <source>Set %1 to %2</source>
         <translation>Set %1 to %2</translation>
     </message>
     <message numerus="yes">
+        <location line="+83"/>
         <source>%n feature(s)</source>
         <translation>
             <numerusform>%n feature</numerusform>
@@ -23,34 +29,42 @@
         </translation>
     </message>
     <message>
+        <location line="+41"/>
         <source>the camera is closed</source>
         <translation>the camera is closed</translation>
     </message>
     <message>
+        <location line="+13"/>
         <source>%1: the camera has no such feature</source>
         <translation>%1: the camera has no such feature</translation>
     </message>
     <message>
+        <location line="+32"/>
         <source>Undone: %1</source>
         <translation>Undone: %1</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>Redone: %1</source>
         <translation>Redone: %1</translation>
     </message>
     <message>
+        <location line="+5"/>
         <source>Cannot undo &quot;%1&quot;: %2</source>
         <translation>Cannot undo &quot;%1&quot;: %2</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>Cannot redo &quot;%1&quot;: %2</source>
         <translation>Cannot redo &quot;%1&quot;: %2</translation>
     </message>
     <message>
+        <location line="+16"/>
         <source>&amp;Undo %1</source>
         <translation>&amp;Undo %1</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>&amp;Redo %1</source>
         <translation>&amp;Redo %1</translation>
     </message>
@@ -58,137 +72,215 @@
 <context>
     <name>VantoViewer::ChangesModel</name>
     <message>
+        <location filename="../changesmodel.cpp" line="+59"/>
         <source>Execute</source>
         <translation>Execute</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>(not read)</source>
         <translation>(not read)</translation>
     </message>
     <message>
+        <location line="+9"/>
         <source>Applied as one step</source>
         <translation>Applied as one step</translation>
     </message>
     <message>
+        <location line="+4"/>
         <source>Undone</source>
         <translation>Undone</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>Undo refused: %1</source>
         <translation>Undo refused: %1</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Redone</source>
         <translation>Redone</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>Redo refused: %1</source>
         <translation>Redo refused: %1</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Done (feature set)</source>
         <translation>Done (feature set)</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>Refused (feature set): %1</source>
         <translation>Refused (feature set): %1</translation>
     </message>
     <message>
+        <location line="+4"/>
         <source>Done</source>
         <translation>Done</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>Refused: %1</source>
         <translation>Refused: %1</translation>
     </message>
     <message>
+        <location line="+55"/>
         <source>Time</source>
         <translation>Time</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Feature</source>
         <translation>Feature</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Old Value</source>
         <translation>Old Value</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>New Value</source>
         <translation>New Value</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Result</source>
         <translation>Result</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::ConversionEngine</name>
+    <message>
+        <location filename="../conversionengine.cpp" line="+72"/>
+        <source>Pixel format %1 can&apos;t be shown.</source>
+        <translation>Pixel format %1 can&apos;t be shown.</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>The %1 frame holds no image (%2 × %3).</source>
+        <translation>The %1 frame holds no image (%2 × %3).</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>A frame of %1 × %2 is too large to be shown.</source>
+        <translation>A frame of %1 × %2 is too large to be shown.</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
+        <translation>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>%1 needs an even width and height; the frame is %2 × %3.</source>
+        <translation>%1 needs an even width and height; the frame is %2 × %3.</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>%1 needs an even width; the frame is %2 × %3.</source>
+        <translation>%1 needs an even width; the frame is %2 × %3.</translation>
+    </message>
+    <message>
+        <location line="+10"/>
+        <source>There is no memory for an image of %1 × %2.</source>
+        <translation>There is no memory for an image of %1 × %2.</translation>
+    </message>
+    <message>
+        <location line="+31"/>
+        <source>The conversion of %1 failed.</source>
+        <translation>The conversion of %1 failed.</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
+        <location filename="../devicespane.cpp" line="+165"/>
         <source>%1 (lost)</source>
         <translation>%1 (lost)</translation>
     </message>
     <message>
+        <location line="-137"/>
         <source>Found cameras (double-click to open):</source>
         <translation>Found cameras (double-click to open):</translation>
     </message>
     <message>
+        <location line="+15"/>
         <source>Camera by IP Address or ID...</source>
         <translation>Camera by IP Address or ID...</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>Built-in Simulated Camera</source>
         <translation>Built-in Simulated Camera</translation>
     </message>
     <message>
+        <location line="+4"/>
         <source>Simulated Camera from GenICam File...</source>
         <translation>Simulated Camera from GenICam File...</translation>
     </message>
     <message>
+        <location line="+5"/>
         <source>Open</source>
         <translation>Open</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>Open a camera</source>
         <translation>Open a camera</translation>
     </message>
     <message>
+        <location line="-24"/>
+        <location line="+28"/>
         <source>Close</source>
         <translation>Close</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>Close the selected camera</source>
         <translation>Close the selected camera</translation>
     </message>
     <message>
+        <location line="+22"/>
+        <location line="+204"/>
         <source>Scan</source>
         <translation>Scan</translation>
     </message>
     <message>
+        <location line="-203"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>Look for cameras on every network interface and on USB</translation>
     </message>
     <message>
+        <location line="+138"/>
         <source>Scanning...</source>
         <translation>Scanning...</translation>
     </message>
     <message>
+        <location line="+37"/>
         <source>Open Camera</source>
         <translation>Open Camera</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>IP address or device ID:</source>
         <translation>IP address or device ID:</translation>
     </message>
     <message>
+        <location line="+10"/>
         <source>Simulate a Camera</source>
         <translation>Simulate a Camera</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>GenICam descriptions (*.xml *.zip)</source>
         <translation>GenICam descriptions (*.xml *.zip)</translation>
     </message>
     <message>
+        <location line="+24"/>
         <source>ID: %1
 Serial number: %2
 Transport: %3</source>
@@ -197,14 +289,17 @@ Serial number: %2
 Transport: %3</translation>
     </message>
     <message>
+        <location line="+4"/>
         <source>No cameras found</source>
         <translation>No cameras found</translation>
     </message>
     <message>
+        <location line="-267"/>
         <source>Reconnect</source>
         <translation>Reconnect</translation>
     </message>
     <message>
+        <location line="+39"/>
         <source>Open the lost camera again, once it is back</source>
         <translation>Open the lost camera again, once it is back</translation>
     </message>
@@ -212,45 +307,77 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
+        <location filename="../featurestatusbar.cpp" line="+92"/>
         <source>refused by the camera (access denied)</source>
         <translation>refused by the camera (access denied)</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>refused by the camera (value out of range)</source>
         <translation>refused by the camera (value out of range)</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>refused by the camera (invalid value)</source>
         <translation>refused by the camera (invalid value)</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>not written: the camera did not answer in time</source>
         <translation>not written: the camera did not answer in time</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>not written: the camera is lost</source>
         <translation>not written: the camera is lost</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>not written: the camera does not have it</source>
         <translation>not written: the camera does not have it</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>the write failed</source>
         <translation>the write failed</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::ImageWriter</name>
+    <message>
+        <location filename="../imagewriter.cpp" line="+57"/>
+        <source>Unknown image file format %1.</source>
+        <translation>Unknown image file format %1.</translation>
+    </message>
+    <message>
+        <location line="+43"/>
+        <location line="+13"/>
+        <location line="+17"/>
+        <location line="+22"/>
+        <location line="+43"/>
+        <source>Cannot write %1: %2</source>
+        <translation>Cannot write %1: %2</translation>
+    </message>
+    <message>
+        <location line="-34"/>
+        <source>The frame holds no bytes.</source>
+        <translation>The frame holds no bytes.</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
+        <location filename="../mainwindow.cpp" line="+53"/>
         <source>Devices</source>
         <translation>Devices</translation>
     </message>
     <message>
+        <location line="+5"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
     <message numerus="yes">
+        <location line="+17"/>
         <source>%n camera(s) found</source>
         <translation>
             <numerusform>%n camera found</numerusform>
@@ -258,70 +385,88 @@ Transport: %3</translation>
         </translation>
     </message>
     <message>
+        <location line="+28"/>
         <source>Ready</source>
         <translation>Ready</translation>
     </message>
     <message>
+        <location line="+10"/>
         <source>Open Camera by IP Address or ID...</source>
         <translation>Open Camera by IP Address or ID...</translation>
     </message>
     <message>
+        <location line="+11"/>
         <source>Open Built-in Simulated Camera</source>
         <translation>Open Built-in Simulated Camera</translation>
     </message>
     <message>
+        <location line="+17"/>
         <source>Close Camera</source>
         <translation>Close Camera</translation>
     </message>
     <message>
+        <location line="+8"/>
         <source>Refresh Features</source>
         <translation>Refresh Features</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Reads every shown feature from the camera again</source>
         <translation>Reads every shown feature from the camera again</translation>
     </message>
     <message>
+        <location line="+167"/>
         <source>Cannot open %1: %2</source>
         <translation>Cannot open %1: %2</translation>
     </message>
     <message>
+        <location line="+11"/>
         <source>Cannot simulate %1: %2</source>
         <translation>Cannot simulate %1: %2</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>the built-in camera</source>
         <translation>the built-in camera</translation>
     </message>
     <message>
+        <location line="+149"/>
         <source>%1 is lost: %2</source>
         <translation>%1 is lost: %2</translation>
     </message>
     <message>
+        <location line="+18"/>
         <source>Visibility</source>
         <translation>Visibility</translation>
     </message>
     <message>
+        <location line="-115"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>Cannot reconnect %1: %2</translation>
     </message>
     <message>
+        <location line="+23"/>
         <source>%1 is connected again</source>
         <translation>%1 is connected again</translation>
     </message>
     <message>
+        <location line="-314"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</translation>
     </message>
     <message>
+        <location line="+252"/>
+        <location line="+35"/>
         <source>Opening %1...</source>
         <translation>Opening %1...</translation>
     </message>
     <message>
+        <location line="-248"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>Open Simulated Camera from GenICam File...</translation>
     </message>
     <message>
+        <location line="+37"/>
         <source>Changes</source>
         <translation>Changes</translation>
     </message>
@@ -329,14 +474,17 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::MenuService</name>
     <message>
+        <location filename="../menuservice.cpp" line="+17"/>
         <source>&amp;Camera</source>
         <translation>&amp;Camera</translation>
     </message>
     <message>
+        <location line="+4"/>
         <source>&amp;Window</source>
         <translation>&amp;Window</translation>
     </message>
     <message>
+        <location line="-1"/>
         <source>&amp;Edit</source>
         <translation>&amp;Edit</translation>
     </message>
@@ -344,25 +492,38 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::OpeningProgress</name>
     <message>
+        <location filename="../openingprogress.cpp" line="+9"/>
         <source>Cancel</source>
         <translation>Cancel</translation>
     </message>
     <message>
+        <location line="+3"/>
         <source>Opening Camera</source>
         <translation>Opening Camera</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::PixelReader</name>
+    <message>
+        <location filename="../pixelreader.cpp" line="+37"/>
+        <source>%1 (%2-bit)</source>
+        <translation>%1 (%2-bit)</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::PluginManager</name>
     <message>
+        <location filename="../pluginmanager.cpp" line="+100"/>
         <source>%1 is no Vanto Viewer plug-in: %2</source>
         <translation>%1 is no Vanto Viewer plug-in: %2</translation>
     </message>
     <message>
+        <location line="+9"/>
         <source>Cannot load %1: %2</source>
         <translation>Cannot load %1: %2</translation>
     </message>
     <message>
+        <location line="+6"/>
         <source>The plug-in %1 did not start.</source>
         <translation>The plug-in %1 did not start.</translation>
     </message>
@@ -370,30 +531,37 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::VisibilityToolBar</name>
     <message>
+        <location filename="../visibilitytoolbar.cpp" line="+10"/>
         <source>Visibility</source>
         <translation>Visibility</translation>
     </message>
     <message>
+        <location line="+13"/>
         <source>Beginner</source>
         <translation>Beginner</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>Show the features needed for basic camera set-up</source>
         <translation>Show the features needed for basic camera set-up</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>Expert</source>
         <translation>Expert</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>Also show the features for advanced set-up</source>
         <translation>Also show the features for advanced set-up</translation>
     </message>
     <message>
+        <location line="+1"/>
         <source>Guru</source>
         <translation>Guru</translation>
     </message>
     <message>
+        <location line="+0"/>
         <source>Show every feature, including those that need care</source>
         <translation>Show every feature, including those that need care</translation>
     </message>
@@ -401,10 +569,12 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::WindowService</name>
     <message>
+        <location filename="../windowservice.cpp" line="+33"/>
         <source>the file or its folder cannot be written</source>
         <translation>the file or its folder cannot be written</translation>
     </message>
     <message>
+        <location line="+2"/>
         <source>the file is damaged</source>
         <translation>the file is damaged</translation>
     </message>
