@@ -6,7 +6,6 @@
 #include <simulateddevice.h>
 #include <simulatedimage.h>
 
-#include <QDirIterator>
 #include <QtTest>
 
 #include <cmath>
@@ -586,17 +585,7 @@ void tst_SimulatedImage::shouldNameTheMissingSizeFeature()
 
 void tst_SimulatedImage::shouldReadVendorDescriptions_data()
 {
-    QTest::addColumn<QString>("file");
-    QDirIterator it(sharedGenICamDir(), {QStringLiteral("*.xml")}, QDir::Files);
-    bool any = false;
-    while (it.hasNext()) {
-        const QString file = it.next();
-        QTest::newRow(qPrintable(QFileInfo(file).fileName())) << file;
-        any = true;
-    }
-    if (!any) {
-        QTest::newRow("absent") << QString();
-    }
+    addVendorDescriptionRows();
 }
 
 void tst_SimulatedImage::shouldReadVendorDescriptions()
