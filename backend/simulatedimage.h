@@ -36,9 +36,10 @@ struct SimulatedImageSettings {
 class SimulatedImage {
 public:
     // Device thread: reads the features that exist in `genicam` (Width, Height, OffsetX,
-    // OffsetY, BinningHorizontal, BinningVertical, PixelFormat, TestPattern, ExposureTime,
-    // Gain, AcquisitionFrameRate); what a description lacks keeps its default. False with
-    // `error` set when the image can't be made, e.g. an unsupported pixel format.
+    // OffsetY, BinningHorizontal, BinningVertical and their modes, PixelFormat, TestPattern,
+    // ExposureTime, Gain, AcquisitionFrameRate); what a description lacks keeps its default.
+    // False with `error` set when the image can't be made: no usable Width, Height or
+    // PixelFormat, a pixel format or test pattern that render() does not make.
     static bool settingsOf(ArvGc* genicam, SimulatedImageSettings* settings, QString* error);
 
     // Whether render() knows the PFNC format, and the format's name in PixelFormat.

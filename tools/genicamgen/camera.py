@@ -983,7 +983,7 @@ m.integer(C, "VntDebugRegisterAddress", "Address of the register accessed with V
           min=0, max=0xFFFFFFFF, repr="HexNumber", vis="Invisible", default=0)
 m.integer(C, "VntDebugRegisterValue", "Raw value of the register at VntDebugRegisterAddress.", min=0, max=0xFFFFFFFF,
           repr="HexNumber", vis="Invisible", default=0)
-m.float(C, "VntSimulationNoiseLevel", "Standard deviation of the noise added to simulated images, as a fraction of full scale.",
+m.float(C, "VntSimulationNoiseLevel", "Standard deviation of noise for simulated images, as a fraction of full scale. Stored only: the simulated images are noise-free, so that their pixels follow exact formulas.",
         min=0.0, max=1.0, repr="PureNumber", notation="Fixed", precision=3, vis="Guru", default=0.02)
 m.boolean(C, "VntSimulationTemperatureDrift", "Lets the simulated device temperature drift over time.", vis="Guru", default=True)
 m.string(C, "VntFirmwareBuildDate", "Build date of the simulated firmware.", access="RO", length=16, vis="Invisible",
