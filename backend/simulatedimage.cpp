@@ -162,6 +162,7 @@ struct Rgb {
 struct Frame {
     Pattern pattern = Pattern::Scene;
     quint64 frameId = 0;
+    quint64 barStart = 0; // the scene's bar: (8 frameId) mod 1024
     quint64 gainQ16 = 65536;
     quint32 binH = 1;
     quint32 binV = 1;
@@ -181,42 +182,39 @@ quint64 brightnessQ16(const SimulatedImageSettings& s)
     return quint64(std::llround(k * 65536.0));
 }
 
-Rgb sensorPixel(const Frame& f, quint64 sx, quint64 sy)
+inline quint32 brightened(quint32 c, quint64 gainQ16)
 {
-    switch (f.pattern) {
-    case Pattern::Black:
+    return quint32(std::min<quint64>(65535, (quint64(c) * gainQ16 + 32768) >> 16));
+}
+
+// The pattern is a template argument so that the inner loops carry no switch.
+template <Pattern P> inline Rgb sensorPixel(const Frame& f, quint64 sx, quint64 sy)
+{
+    if constexpr (P == Pattern::Black) {
         return {{0, 0, 0}};
-    case Pattern::White:
+    } else if constexpr (P == Pattern::White) {
         return {{65535, 65535, 65535}};
-    case Pattern::HorizontalRamp: {
+    } else if constexpr (P == Pattern::HorizontalRamp) {
         const quint32 g = quint32((sx << 6) & 0xFFFF);
         return {{g, g, g}};
-    }
-    case Pattern::VerticalRamp: {
+    } else if constexpr (P == Pattern::VerticalRamp) {
         const quint32 g = quint32((sy << 6) & 0xFFFF);
         return {{g, g, g}};
-    }
-    case Pattern::DiagonalRamp: {
+    } else if constexpr (P == Pattern::DiagonalRamp) {
         const quint32 g = quint32(((sx + sy + 4 * f.frameId) << 6) & 0xFFFF);
         return {{g, g, g}};
-    }
-    case Pattern::ColorBar: {
+    } else if constexpr (P == Pattern::ColorBar) {
         // white, yellow, cyan, green, magenta, red, blue, black as R G B bits
         static constexpr quint8 kBars[8] = {7, 6, 3, 2, 5, 4, 1, 0};
         const quint8 bar = kBars[(sx >> 7) & 7];
         return {{bar & 4 ? 65535u : 0u, bar & 2 ? 65535u : 0u, bar & 1 ? 65535u : 0u}};
+    } else {
+        const quint32 u = quint32(sx & 1023);
+        const quint32 v = quint32(sy & 1023);
+        const quint32 bar = ((sx + 1024 - f.barStart) & 1023) < 32 ? 16384 : 0;
+        return {{brightened(32 * u + bar, f.gainQ16), brightened(32 * v + bar, f.gainQ16),
+                 brightened(16 * (2046 - u - v) + bar, f.gainQ16)}};
     }
-    case Pattern::Scene:
-        break;
-    }
-    const quint32 u = quint32(sx & 1023);
-    const quint32 v = quint32(sy & 1023);
-    const quint32 bar = ((sx + 1024 - (8 * f.frameId) % 1024) & 1023) < 32 ? 16384 : 0;
-    Rgb rgb{{32 * u + bar, 32 * v + bar, 16 * (2046 - u - v) + bar}};
-    for (quint32& c : rgb.c) {
-        c = quint32(std::min<quint64>(65535, (quint64(c) * f.gainQ16 + 32768) >> 16));
-    }
-    return rgb;
 }
 
 quint32 combine(quint64 sum, quint32 n, bool average)
@@ -224,16 +222,13 @@ quint32 combine(quint64 sum, quint32 n, bool average)
     return average ? quint32(sum / n) : quint32(std::min<quint64>(65535, sum));
 }
 
-Rgb binnedPixel(const Frame& f, quint64 sx0, quint64 sy0)
+template <Pattern P> Rgb binnedPixel(const Frame& f, quint64 sx0, quint64 sy0)
 {
-    if (f.binH == 1 && f.binV == 1) {
-        return sensorPixel(f, sx0, sy0);
-    }
     quint64 vertical[3] = {0, 0, 0};
     for (quint32 j = 0; j < f.binV; ++j) {
         quint64 horizontal[3] = {0, 0, 0};
         for (quint32 i = 0; i < f.binH; ++i) {
-            const Rgb p = sensorPixel(f, sx0 + i, sy0 + j);
+            const Rgb p = sensorPixel<P>(f, sx0 + i, sy0 + j);
             for (int c = 0; c < 3; ++c) {
                 horizontal[c] += p.c[c];
             }
@@ -249,27 +244,59 @@ Rgb binnedPixel(const Frame& f, quint64 sx0, quint64 sy0)
     return out;
 }
 
-quint32 luma16(const Rgb& p)
+// Image row y's binned colours; the window starts at binned column `offsetX`.
+template <Pattern P>
+void fillRow(const Frame& f, quint64 offsetX, quint64 sy, std::vector<Rgb>& row)
+{
+    const quint32 width = quint32(row.size());
+    if (f.binH == 1 && f.binV == 1) {
+        for (quint32 x = 0; x < width; ++x) {
+            row[x] = sensorPixel<P>(f, offsetX + x, sy);
+        }
+        return;
+    }
+    for (quint32 x = 0; x < width; ++x) {
+        row[x] = binnedPixel<P>(f, (offsetX + x) * f.binH, sy);
+    }
+}
+
+void fillRow(const Frame& f, quint64 offsetX, quint64 sy, std::vector<Rgb>& row)
+{
+    switch (f.pattern) {
+    case Pattern::Scene:
+        return fillRow<Pattern::Scene>(f, offsetX, sy, row);
+    case Pattern::Black:
+        return fillRow<Pattern::Black>(f, offsetX, sy, row);
+    case Pattern::White:
+        return fillRow<Pattern::White>(f, offsetX, sy, row);
+    case Pattern::HorizontalRamp:
+        return fillRow<Pattern::HorizontalRamp>(f, offsetX, sy, row);
+    case Pattern::VerticalRamp:
+        return fillRow<Pattern::VerticalRamp>(f, offsetX, sy, row);
+    case Pattern::DiagonalRamp:
+        return fillRow<Pattern::DiagonalRamp>(f, offsetX, sy, row);
+    case Pattern::ColorBar:
+        return fillRow<Pattern::ColorBar>(f, offsetX, sy, row);
+    }
+}
+
+inline quint32 luma16(const Rgb& p)
 {
     return (77 * p.c[R] + 150 * p.c[G] + 29 * p.c[B] + 128) >> 8;
 }
 
-// Writes components of `depth` bits in the format's storage, in order.
-class Writer {
+// Writes components of `depth` bits in storage S, in order.
+template <Storage S> class Writer {
 public:
-    Writer(uchar* out, Storage storage, int depth) : m_out(out), m_storage(storage), m_depth(depth)
-    {}
+    Writer(uchar* out, int depth) : m_out(out), m_depth(depth) {}
     void put(quint32 value)
     {
-        switch (m_storage) {
-        case Storage::Bytes:
+        if constexpr (S == Storage::Bytes) {
             *m_out++ = uchar(value);
-            return;
-        case Storage::Words:
+        } else if constexpr (S == Storage::Words) {
             *m_out++ = uchar(value & 0xFF);
             *m_out++ = uchar(value >> 8);
-            return;
-        case Storage::Packed:
+        } else {
             m_bits |= quint64(value) << m_count;
             m_count += m_depth;
             while (m_count >= 8) {
@@ -277,7 +304,6 @@ public:
                 m_bits >>= 8;
                 m_count -= 8;
             }
-            return;
         }
     }
     void finish()
@@ -291,13 +317,12 @@ public:
 
 private:
     uchar* m_out;
-    Storage m_storage;
     int m_depth;
     quint64 m_bits = 0;
     int m_count = 0;
 };
 
-void putYCbCrPair(Writer& w, const Rgb& a, const Rgb& b, bool second)
+template <Storage S> void putYCbCrPair(Writer<S>& w, const Rgb& a, const Rgb& b, bool second)
 {
     const int r0 = int(a.c[R] >> 8), g0 = int(a.c[G] >> 8), b0 = int(a.c[B] >> 8);
     const int r1 = int(b.c[R] >> 8), g1 = int(b.c[G] >> 8), b1 = int(b.c[B] >> 8);
@@ -312,7 +337,8 @@ void putYCbCrPair(Writer& w, const Rgb& a, const Rgb& b, bool second)
     }
 }
 
-void renderRow(const Format& format, const std::vector<Rgb>& row, quint32 y, Writer& w)
+template <Storage S>
+void renderRow(const Format& format, const std::vector<Rgb>& row, quint32 y, Writer<S>& w)
 {
     const int shift = 16 - format.depth;
     const quint32 width = quint32(row.size());
@@ -322,20 +348,24 @@ void renderRow(const Format& format, const std::vector<Rgb>& row, quint32 y, Wri
             w.put(luma16(p) >> shift);
         }
         return;
-    case Layout::Bayer:
+    case Layout::Bayer: {
+        const Channel* cfa = format.cfa[y & 1];
         for (quint32 x = 0; x < width; ++x) {
-            w.put(row[x].c[format.cfa[y & 1][x & 1]] >> shift);
+            w.put(row[x].c[cfa[x & 1]] >> shift);
         }
         return;
+    }
     case Layout::Rgb:
-    case Layout::Bgr:
+    case Layout::Bgr: {
+        const Channel first = format.layout == Layout::Rgb ? R : B;
+        const Channel last = format.layout == Layout::Rgb ? B : R;
         for (const Rgb& p : row) {
-            const bool rgb = format.layout == Layout::Rgb;
-            w.put(p.c[rgb ? R : B] >> 8);
+            w.put(p.c[first] >> 8);
             w.put(p.c[G] >> 8);
-            w.put(p.c[rgb ? B : R] >> 8);
+            w.put(p.c[last] >> 8);
         }
         return;
+    }
     case Layout::YCbCr422:
         for (quint32 x = 0; x < width; x += 2) {
             const bool pair = x + 1 < width;
@@ -343,6 +373,22 @@ void renderRow(const Format& format, const std::vector<Rgb>& row, quint32 y, Wri
         }
         return;
     }
+}
+
+template <Storage S>
+void renderImage(const Format& format, const Frame& f, const SimulatedImageSettings& settings,
+                 uchar* out)
+{
+    // One line of binned colour at a time; kept per thread so that a stream's steady state
+    // allocates nothing.
+    thread_local std::vector<Rgb> row;
+    row.resize(settings.width);
+    Writer<S> writer(out, format.depth);
+    for (quint32 y = 0; y < settings.height; ++y) {
+        fillRow(f, settings.offsetX, (quint64(settings.offsetY) + y) * f.binV, row);
+        renderRow(format, row, y, writer);
+    }
+    writer.finish();
 }
 
 // Reading a feature of the description: Absent when it does not exist, is no number or
@@ -592,25 +638,21 @@ void SimulatedImage::render(const SimulatedImageSettings& settings, quint64 fram
         f.pattern = Pattern::Scene;
     }
     f.frameId = frameId;
+    f.barStart = (8 * frameId) % 1024;
     f.gainQ16 = brightnessQ16(settings);
     f.binH = qMax<quint32>(1, settings.binningHorizontal);
     f.binV = qMax<quint32>(1, settings.binningVertical);
     f.averageH = settings.binningHorizontalMode == SimulatedImageSettings::Binning::Average;
     f.averageV = settings.binningVerticalMode == SimulatedImageSettings::Binning::Average;
 
-    // One line of binned colour at a time; kept per thread so that a stream's steady state
-    // allocates nothing.
-    thread_local std::vector<Rgb> row;
-    row.resize(settings.width);
-    Writer writer(out, format->storage, format->depth);
-    for (quint32 y = 0; y < settings.height; ++y) {
-        const quint64 sy = (quint64(settings.offsetY) + y) * f.binV;
-        for (quint32 x = 0; x < settings.width; ++x) {
-            row[x] = binnedPixel(f, (quint64(settings.offsetX) + x) * f.binH, sy);
-        }
-        renderRow(*format, row, y, writer);
+    switch (format->storage) {
+    case Storage::Bytes:
+        return renderImage<Storage::Bytes>(*format, f, settings, out);
+    case Storage::Words:
+        return renderImage<Storage::Words>(*format, f, settings, out);
+    case Storage::Packed:
+        return renderImage<Storage::Packed>(*format, f, settings, out);
     }
-    writer.finish();
 }
 
 } // namespace Backend
