@@ -3,6 +3,7 @@
 #include "builtincameralogic.h"
 
 #include "simulateddevice.h"
+#include "simulatedimage.h"
 
 #include <cmath>
 #include <functional>
@@ -18,6 +19,11 @@ BuiltinCameraLogic::BuiltinCameraLogic(SimulatedDevice& device) : m_device(devic
     m_temperature = lookup("DeviceTemperatureReg");
     m_exposure = lookup("ExposureTimeReg");
     m_exposureAuto = lookup("ExposureAutoReg");
+    m_timestamp = lookup("TimestampReg");
+    m_timestampLatchValue = lookup("TimestampLatchValueReg");
+    m_timestampLatch = lookup("TimestampLatchCmdReg");
+    m_timestampReset = lookup("TimestampResetCmdReg");
+    m_clock.start();
 
     ArvGc* genicam = device.genicam();
     if (ArvGcNode* node = arv_gc_get_node(genicam, "ExposureAuto");
@@ -76,18 +82,28 @@ BuiltinCameraLogic::Register BuiltinCameraLogic::lookup(const char* nodeName) co
     return r;
 }
 
+qint64 BuiltinCameraLogic::timestampNs() const
+{
+    return m_clock.nsecsElapsed() - m_timestampOriginNs;
+}
+
 void BuiltinCameraLogic::onRead(SimulatedDevice& device, quint64 address)
 {
     if (m_payload.valid && address == m_payload.address && m_width.valid && m_height.valid) {
-        const qint64 width = device.peekInt(m_width.address, m_width.length);
-        const qint64 height = device.peekInt(m_height.address, m_height.length);
-        // PFNC codes carry the bits per pixel in bits 16..23.
-        qint64 bits = 8;
-        if (m_pixelFormat.valid) {
-            const qint64 format = device.peekInt(m_pixelFormat.address, m_pixelFormat.length);
-            bits = qMax<qint64>(1, (format >> 16) & 0xff);
-        }
-        device.pokeInt(m_payload.address, width * height * bits / 8, m_payload.length);
+        // The stream's buffers are sized from this, so it is what the image takes exactly.
+        SimulatedImageSettings image;
+        image.width =
+            quint32(qBound<qint64>(0, device.peekInt(m_width.address, m_width.length), 65535));
+        image.height =
+            quint32(qBound<qint64>(0, device.peekInt(m_height.address, m_height.length), 65535));
+        image.pixelFormat =
+            m_pixelFormat.valid
+                ? quint32(device.peekInt(m_pixelFormat.address, m_pixelFormat.length))
+                : 0x01080001u; // Mono8
+        device.pokeInt(m_payload.address, qint64(SimulatedImage::payloadSize(image)),
+                       m_payload.length);
+    } else if (m_timestamp.valid && address == m_timestamp.address) {
+        device.pokeInt(m_timestamp.address, timestampNs(), m_timestamp.length);
     } else if (m_temperature.valid && address == m_temperature.address) {
         ++m_drift;
         const double t = 42.0 + 1.5 * std::sin(double(m_drift) / 7.0) + 0.01 * double(m_drift % 13);
@@ -111,6 +127,14 @@ void BuiltinCameraLogic::onRead(SimulatedDevice& device, quint64 address)
 
 void BuiltinCameraLogic::onWrite(SimulatedDevice& device, quint64 address)
 {
+    if (m_timestampReset.valid && address == m_timestampReset.address &&
+        device.peekInt(address, m_timestampReset.length) != 0) {
+        m_timestampOriginNs = m_clock.nsecsElapsed();
+    } else if (m_timestampLatch.valid && m_timestampLatchValue.valid &&
+               address == m_timestampLatch.address &&
+               device.peekInt(address, m_timestampLatch.length) != 0) {
+        device.pokeInt(m_timestampLatchValue.address, timestampNs(), m_timestampLatchValue.length);
+    }
     if (m_commandRegisters.contains(address) &&
         device.peekInt(address, m_commandRegisters.value(address)) != 0) {
         // Done after the third look at it: long enough to be seen running.

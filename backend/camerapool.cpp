@@ -7,6 +7,7 @@
 #include "deviceworker.h"
 #include "simulateddevice.h"
 #include "threadretirement.h"
+#include "transportlayermodule.h"
 
 #include <parametercollection/exception.h>
 
@@ -88,13 +89,23 @@ QString CameraPool::builtinCameraDefaults()
         readResource(QStringLiteral(":/vantoviewer/genicam/VantoSimCamera.defaults")));
 }
 
-void CameraPool::attachModules(DeviceParameterCollection& collection)
+void CameraPool::attachModules(DeviceParameterCollection& collection,
+                               const TransportLayerSource& source)
 {
     for (const Module& module : kModules) {
         const QString base = QStringLiteral(":/vantoviewer/genicam/") + QLatin1String(module.file);
+        const bool transportLayer = &module == &kModules[0];
+        if (transportLayer) {
+            collection.setLogicFactory([source](SimulatedDevice& device) {
+                return std::unique_ptr<DeviceLogic>(new TransportLayerModule(device, source));
+            });
+        }
         collection.attachSimulated(
             QLatin1String(module.nodeMap), readResource(base + QStringLiteral(".xml")),
             QString::fromUtf8(readResource(base + QStringLiteral(".defaults"))));
+        if (transportLayer) {
+            collection.setLogicFactory(nullptr);
+        }
     }
 }
 
@@ -182,7 +193,17 @@ QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, c
         collection->attachSimulatedFile(QStringLiteral("CameraDevice"), xmlFile,
                                         MAX_DESCRIPTION_BYTES);
     }
-    attachModules(*collection);
+    TransportLayerSource source;
+    source.kind = TransportLayerSource::Kind::Simulated;
+    source.id = id;
+    source.model = xmlFile.isEmpty() ? QString() : QFileInfo(xmlFile).fileName();
+    // Handed back to the device thread only, where the module takes its reference.
+    collection->runOnDeviceThread([&source](DeviceWorker& worker) {
+        if (SimulatedDevice* camera = worker.simulatedDevice(0)) {
+            source.camera = camera->device();
+        }
+    });
+    attachModules(*collection, source);
     checkNotLost(*collection, id);
     const QString name =
         xmlFile.isEmpty() ? QStringLiteral("VNT-SIM-2000") : QFileInfo(xmlFile).completeBaseName();
@@ -205,8 +226,12 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
 {
     auto collection = newCollection(idOrAddress);
     QString protocol = QStringLiteral("GigEVision");
+    // What the transport layer module needs, found on the device thread. Shared: an abandoned
+    // open still runs the job after this function is gone.
+    auto source = std::make_shared<TransportLayerSource>();
     const QByteArray key = idOrAddress.toUtf8();
-    collection->attachDevice(QStringLiteral("CameraDevice"), [key, &protocol](QString* error) {
+    collection->attachDevice(QStringLiteral("CameraDevice"), [key, &protocol,
+                                                              source](QString* error) {
         GError* gerror = nullptr;
         ArvDevice* device = nullptr;
         GInetAddress* address = g_inet_address_new_from_string(key.constData());
@@ -229,9 +254,14 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
                                        : QStringLiteral("no device %1").arg(QString(key));
             g_clear_error(&gerror);
         }
+        source->camera = device;
+        source->kind = ARV_IS_GV_DEVICE(device)   ? TransportLayerSource::Kind::GigEVision
+                       : ARV_IS_UV_DEVICE(device) ? TransportLayerSource::Kind::USB3Vision
+                                                  : TransportLayerSource::Kind::Other;
         return device;
     });
-    attachModules(*collection);
+    source->id = idOrAddress;
+    attachModules(*collection, *source);
     checkNotLost(*collection, idOrAddress);
     auto info =
         QSharedPointer<CameraInfo>::create(idOrAddress, textValue(*collection, "DeviceVendorName"),

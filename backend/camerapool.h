@@ -11,6 +11,8 @@
 
 namespace Backend {
 
+struct TransportLayerSource;
+
 class DeviceParameterCollection;
 
 // The host's device parameter service: opens cameras, real or simulated, and gives each its
@@ -78,7 +80,7 @@ private:
     QSharedPointer<CameraInfo> openSimulatedAs(const QString& xmlFile, const QString& id);
     static void checkSimulatedAnswers(const QSharedPointer<DeviceParameterCollection>& collection,
                                       const QString& id);
-    void attachModules(DeviceParameterCollection& collection);
+    void attachModules(DeviceParameterCollection& collection, const TransportLayerSource& source);
     QSharedPointer<DeviceParameterCollection> newCollection(const QString& id);
     static void checkDescriptionFile(const QString& xmlFile);
     static void checkNotLost(const DeviceParameterCollection& collection, const QString& id);

@@ -62,8 +62,9 @@ static gboolean vnt_sim_device_read_memory(ArvDevice* device, guint64 address, g
 {
     Backend::SimulatedDevice* owner = vntSim(device)->owner;
     QString message;
-    if (owner == nullptr || !owner->serveRead(address, size, buffer, &message)) {
-        return failWith(error, ARV_DEVICE_ERROR_TIMEOUT, message);
+    int code = ARV_DEVICE_ERROR_TIMEOUT;
+    if (owner == nullptr || !owner->serveRead(address, size, buffer, &message, &code)) {
+        return failWith(error, code, message);
     }
     return TRUE;
 }
@@ -446,7 +447,8 @@ void SimulatedDevice::resetCounters()
     m_writes.store(0);
 }
 
-bool SimulatedDevice::serveRead(quint64 address, quint32 size, void* buffer, QString* error)
+bool SimulatedDevice::serveRead(quint64 address, quint32 size, void* buffer, QString* error,
+                                int* errorCode)
 {
     if (const int latency = m_latencyUs.load()) {
         QThread::usleep(unsigned(latency));
@@ -462,6 +464,15 @@ bool SimulatedDevice::serveRead(quint64 address, quint32 size, void* buffer, QSt
     }
     for (const Hook& hook : m_readHooks) {
         hook(*this, address, size);
+    }
+    int code = ARV_DEVICE_ERROR_TIMEOUT;
+    for (const Check& check : m_readChecks) {
+        if (!check(*this, address, size, error, &code)) {
+            if (errorCode != nullptr) {
+                *errorCode = code;
+            }
+            return false;
+        }
     }
     peek(address, buffer, size);
     return true;
@@ -486,7 +497,18 @@ bool SimulatedDevice::serveWrite(quint64 address, quint32 size, const void* buff
         break;
     }
     ++m_writes;
+    QByteArray before;
+    if (!m_writeChecks.empty()) {
+        before.resize(int(size));
+        peek(address, before.data(), size);
+    }
     poke(address, buffer, size);
+    for (const Check& check : m_writeChecks) {
+        if (!check(*this, address, size, error, errorCode)) {
+            poke(address, before.constData(), size);
+            return false;
+        }
+    }
     for (const Hook& hook : m_writeHooks) {
         hook(*this, address, size);
     }

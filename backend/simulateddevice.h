@@ -34,6 +34,11 @@ public:
 
     // Called before a read is served (to compute the register) or after a write landed.
     using Hook = std::function<void(SimulatedDevice& device, quint64 address, quint32 size)>;
+    // A hook that may refuse the access: false fails it with `error` and `errorCode` (an
+    // ArvDeviceError) as the device's answer. Read checks run before the memory is served,
+    // write checks once the bytes landed; a refused write leaves the memory as it was.
+    using Check = std::function<bool(SimulatedDevice& device, quint64 address, quint32 size,
+                                     QString* error, int* errorCode)>;
 
     // Parses the description; throws ParameterCollection::InvalidArgumentException naming
     // `name` when the text is not a GenICam description Aravis can use.
@@ -64,6 +69,8 @@ public:
 
     void addReadHook(Hook hook) { m_readHooks.push_back(std::move(hook)); }
     void addWriteHook(Hook hook) { m_writeHooks.push_back(std::move(hook)); }
+    void addReadCheck(Check check) { m_readChecks.push_back(std::move(check)); }
+    void addWriteCheck(Check check) { m_writeChecks.push_back(std::move(check)); }
 
     void setFault(Fault fault) { m_fault.store(fault); }
     void setLatencyMicroseconds(int us) { m_latencyUs.store(us); }
@@ -75,7 +82,8 @@ public:
     void resetCounters();
 
     // The ArvDevice entry points.
-    bool serveRead(quint64 address, quint32 size, void* buffer, QString* error);
+    bool serveRead(quint64 address, quint32 size, void* buffer, QString* error,
+                   int* errorCode = nullptr);
     bool serveWrite(quint64 address, quint32 size, const void* buffer, QString* error,
                     int* errorCode);
 
@@ -89,6 +97,8 @@ private:
     std::unordered_map<quint64, std::unique_ptr<Page>> m_pages;
     std::vector<Hook> m_readHooks;
     std::vector<Hook> m_writeHooks;
+    std::vector<Check> m_readChecks;
+    std::vector<Check> m_writeChecks;
     std::atomic<Fault> m_fault{Fault::None};
     std::atomic<int> m_latencyUs{0};
     std::atomic<int> m_reads{0};

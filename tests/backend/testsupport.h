@@ -1,10 +1,21 @@
 #pragma once
 
+#include <camerapool.h>
+
+#include <parametercollection/exception.h>
+
 #include <QByteArray>
 #include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QString>
+#include <QTest>
 
+#include <csignal>
 #include <exception>
 
 // Test data lives in the source tree; CTest tells where.
@@ -51,3 +62,81 @@ inline QByteArray describedAs(const QByteArray& body)
                "xmlns=\"http://www.genicam.org/GenApi/Version_1_1\">\n") +
            body + QByteArrayLiteral("<Port Name=\"Device\"/>\n</RegisterDescription>\n");
 }
+
+// A data column "file" with a row per vendor description in ../shared/genicam, or one row with
+// no file when there are none (the test skips it).
+inline void addVendorDescriptionRows()
+{
+    QTest::addColumn<QString>("file");
+    QDirIterator it(sharedGenICamDir(), {QStringLiteral("*.xml")}, QDir::Files);
+    bool any = false;
+    while (it.hasNext()) {
+        const QString file = it.next();
+        QTest::newRow(qPrintable(QFileInfo(file).fileName())) << file;
+        any = true;
+    }
+    if (!any) {
+        QTest::newRow("absent") << QString();
+    }
+}
+
+// arv-fake-gv-camera-0.8 on 127.0.0.1, killed by its PID when this goes. It runs only inside a
+// private network namespace (run-in-netns.sh), so nothing it sends leaves the machine.
+class FakeGigECamera {
+public:
+    FakeGigECamera() = default;
+    FakeGigECamera(const FakeGigECamera&) = delete;
+    FakeGigECamera& operator=(const FakeGigECamera&) = delete;
+    ~FakeGigECamera() { kill(); }
+
+    // Why it can't run here, or empty.
+    static QString unavailableReason()
+    {
+        if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
+            return QStringLiteral(
+                "needs a private network namespace (run through run-in-netns.sh)");
+        }
+        if (QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8")).isEmpty()) {
+            return QStringLiteral("arv-fake-gv-camera-0.8 is not installed");
+        }
+        return QString();
+    }
+
+    // Starts it and opens it in `pool` once it answers; null when it never did.
+    QSharedPointer<Backend::CameraInfo> startAndOpen(Backend::CameraPool& pool)
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8")),
+                        {QStringLiteral("-i"), QStringLiteral("127.0.0.1")});
+        if (!m_process.waitForStarted()) {
+            return nullptr;
+        }
+        m_pid = m_process.processId();
+        QSharedPointer<Backend::CameraInfo> info;
+        // The fake camera needs a moment to bind its socket.
+        QElapsedTimer waited;
+        waited.start();
+        while (!info && waited.elapsed() < 10000) {
+            try {
+                info = pool.openDevice(QStringLiteral("127.0.0.1"));
+            } catch (const ParameterCollection::Exception&) {
+                QTest::qWait(100);
+            }
+        }
+        return info;
+    }
+
+    // Kills it at once, as a camera that loses power.
+    void kill()
+    {
+        if (m_pid > 0 && m_process.state() != QProcess::NotRunning) {
+            ::kill(pid_t(m_pid), SIGKILL);
+            m_process.waitForFinished(5000);
+        }
+    }
+    bool hasFinished() const { return m_process.state() == QProcess::NotRunning; }
+
+private:
+    QProcess m_process;
+    qint64 m_pid = 0;
+};

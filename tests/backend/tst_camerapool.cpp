@@ -9,9 +9,7 @@
 #include <parametercollection/exception.h>
 #include <parametercollection/iadvancedparameteraccess.h>
 
-#include <QDirIterator>
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -20,8 +18,6 @@
 #include <QTimer>
 #include <QUdpSocket>
 #include <QtTest>
-
-#include <csignal>
 
 #include <sys/stat.h>
 
@@ -109,17 +105,7 @@ void checkNothingIsInvented(const Backend::DeviceParameterCollection& collection
 
 void tst_CameraPool::shouldOpenEveryVendorDescriptionOnSimulatedDevice_data()
 {
-    QTest::addColumn<QString>("file");
-    QDirIterator it(sharedGenICamDir(), {QStringLiteral("*.xml")}, QDir::Files);
-    bool any = false;
-    while (it.hasNext()) {
-        const QString file = it.next();
-        QTest::newRow(qPrintable(QFileInfo(file).fileName())) << file;
-        any = true;
-    }
-    if (!any) {
-        QTest::newRow("absent") << QString();
-    }
+    addVendorDescriptionRows();
 }
 
 void tst_CameraPool::shouldOpenEveryVendorDescriptionOnSimulatedDevice()
@@ -505,37 +491,13 @@ void tst_CameraPool::shouldExplainALockByTheFeatureThatDecidesIt()
 
 void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
 {
-    if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
-        QSKIP("needs a private network namespace (run through run-in-netns.sh)");
+    const QString unavailable = FakeGigECamera::unavailableReason();
+    if (!unavailable.isEmpty()) {
+        QSKIP(qPrintable(unavailable));
     }
-    const QString fake = QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8"));
-    if (fake.isEmpty()) {
-        QSKIP("arv-fake-gv-camera-0.8 is not installed");
-    }
-    QProcess camera;
-    camera.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    camera.start(fake, {QStringLiteral("-i"), QStringLiteral("127.0.0.1")});
-    QVERIFY2(camera.waitForStarted(), qPrintable(camera.errorString()));
-    const qint64 pid = camera.processId();
-    auto stopCamera = qScopeGuard([&camera, pid] {
-        if (camera.state() != QProcess::NotRunning) {
-            ::kill(pid_t(pid), SIGKILL);
-            camera.waitForFinished(5000);
-        }
-    });
-
+    FakeGigECamera camera;
     Backend::CameraPool pool;
-    QSharedPointer<Backend::CameraInfo> info;
-    // The fake camera needs a moment to bind its socket.
-    QElapsedTimer waited;
-    waited.start();
-    while (!info && waited.elapsed() < 10000) {
-        try {
-            info = pool.openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const Exception&) {
-            QTest::qWait(100);
-        }
-    }
+    const auto info = camera.startAndOpen(pool);
     QVERIFY2(info, "the fake camera did not answer on 127.0.0.1");
     QVERIFY(info->isGigE());
     const auto collection = pool.getParameterCollection(info);
@@ -555,8 +517,8 @@ void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
     // Kill the camera; the GUI thread must keep ticking while Aravis times out.
     QSignalSpy lost(collection.data(), &IParameterCollection::deviceLost);
     width->addObserver();
-    ::kill(pid_t(pid), SIGKILL);
-    QVERIFY(camera.waitForFinished(5000));
+    camera.kill();
+    QVERIFY(camera.hasFinished());
     QTimer ticker;
     ticker.setInterval(10);
     QElapsedTimer sinceTick;

@@ -247,7 +247,8 @@ void tst_CameraFeatureTreeWidget::shouldShowTheTreeOfTheRegisteredActiveCamera()
     QVERIFY(!panel->placeholder()->isVisible());
     QVERIFY(!tree->isFilteredTreeWidget());
     QCOMPARE(tree->parameterCollections().size(), 5);
-    QCOMPARE(tree->proxyModel()->rowCount(), 5);
+    // (the event grabber implements nothing, so it has no row to show)
+    QCOMPARE(tree->proxyModel()->rowCount(), 4);
     QVERIFY(tree->proxyModel()->findItemByFullName(kWidth, nullptr, 0).isValid());
     QVERIFY(panel->copyCameraFeaturesAction()->isEnabled());
 }

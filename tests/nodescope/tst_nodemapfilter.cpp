@@ -147,14 +147,18 @@ void tst_NodeMapFilter::initTestCase()
     // The test resources are named after this device, and the tests rely on these features.
     const auto camera = openSimulatedCamera();
     QCOMPARE(camera->info->getDeviceText(), kDeviceText);
-    for (const char* name :
-         {"@CameraDevice/Width", "@CameraDevice/Gain", "@CameraDevice/ExposureTime",
-          "@StreamGrabber0/MaxNumBuffer", "@EventGrabber/NumBuffer"}) {
+    for (const char* name : {"@CameraDevice/Width", "@CameraDevice/Gain",
+                             "@CameraDevice/ExposureTime", "@StreamGrabber0/MaxNumBuffer"}) {
         const auto parameter = camera->collection->getParameter(QLatin1String(name));
         QVERIFY2(parameter && !parameter->isNull(), name);
         QCOMPARE(parameter->getParameterData()->visibility, GenApi::Beginner);
         QCOMPARE(parameter->getParameterData()->accessMode, GenApi::RW);
     }
+    const auto cacheMode = camera->collection->getParameter(
+        QStringLiteral("@DeviceTransportLayer/VntRegisterCacheMode"));
+    QVERIFY(cacheMode && !cacheMode->isNull());
+    QCOMPARE(cacheMode->getParameterData()->visibility, GenApi::Guru);
+    QCOMPARE(cacheMode->getParameterData()->accessMode, GenApi::RW);
 }
 
 void tst_NodeMapFilter::init()
@@ -333,15 +337,16 @@ void tst_NodeMapFilter::shouldTryNameFileInEveryLocationBeforeDefaultFile()
     QVERIFY(writeAppFile(kDefaultFile, filterText(QStringLiteral("app-default"))));
     QDomDocument doc;
 
-    QVERIFY(NodeMapFilter::createDocument(doc, m_camera->info, QStringLiteral("@EventGrabber")));
+    QVERIFY(NodeMapFilter::createDocument(doc, m_camera->info,
+                                          QStringLiteral("@DeviceTransportLayer")));
     QCOMPARE(sourceOf(doc), QStringLiteral("resource-name"));
 
-    // And the resource file's override reaches the event grabber's node
+    // And the resource file's override reaches the transport layer's node
     NodeMapFilter::applyFilter(m_camera->collection, m_camera->info,
-                               QStringLiteral("@EventGrabber"));
-    const auto buffers = parameter(QStringLiteral("@EventGrabber/NumBuffer"));
-    QTRY_COMPARE(buffers->getParameterData()->visibility, GenApi::Guru);
-    QTRY_COMPARE(buffers->getParameterData()->accessMode, GenApi::RO);
+                               QStringLiteral("@DeviceTransportLayer"));
+    const auto cacheMode = parameter(QStringLiteral("@DeviceTransportLayer/VntRegisterCacheMode"));
+    QTRY_COMPARE(cacheMode->getParameterData()->visibility, GenApi::Beginner);
+    QTRY_COMPARE(cacheMode->getParameterData()->accessMode, GenApi::RO);
 }
 
 void tst_NodeMapFilter::shouldPreferNameFileOverDefaultFile()

@@ -7,7 +7,6 @@ m = NodeMap(model="VNT-SIM-2000", vendor="Vanto",
             version_guid="B2E4D6F8-1A3C-4E5F-8B7D-9C0E1F2A3B4C",
             version=(1, 0, 0), std_ns="GEV")
 
-LEG = "VntLegacyFeaturesImplemented"
 LOCK_IMG = "VntImageFormatLocked"
 US = "µs"
 
@@ -123,6 +122,9 @@ m.integer(C, "VntDeviceUptime", "Time since the device was powered on or reset."
 m.command(C, "DeviceReset", "Resets the device to its power-up state. The connection to the device is lost afterwards.", vis="Guru")
 m.command(C, "TimestampLatch", "Latches the current timestamp counter into TimestampLatchValue.", vis="Expert")
 m.command(C, "TimestampReset", "Resets the timestamp counter of the device to 0.", vis="Expert")
+m.integer(C, "Timestamp", "Current value of the timestamp counter of the device, in nanoseconds since it was opened or TimestampReset.",
+          access="RO", volatile=True, length=8, signed=True, min=0, max=9223372036854775807, unit="ns",
+          repr="PureNumber", vis="Expert", default=0)
 m.integer(C, "TimestampLatchValue", "Value of the timestamp counter latched by TimestampLatch, in nanoseconds.",
           access="RO", volatile=True, length=8, signed=True, min=0, max=9223372036854775807, unit="ns",
           repr="PureNumber", vis="Expert", default=0)
@@ -185,10 +187,19 @@ PIXEL_FORMATS = [
     E("Mono12p", 0x010C0047, "Monochrome, 12 bits per pixel, packed.", avail=HB),
     E("Mono16", 0x01100007, "Monochrome, 16 bits per pixel.", avail=HB),
     E("BayerRG8", 0x01080009, "Bayer RG pattern, 8 bits per pixel."),
+    E("BayerGB8", 0x0108000A, "Bayer GB pattern, 8 bits per pixel."),
+    E("BayerGR8", 0x01080008, "Bayer GR pattern, 8 bits per pixel."),
+    E("BayerBG8", 0x0108000B, "Bayer BG pattern, 8 bits per pixel."),
     E("BayerRG10", 0x0110000D, "Bayer RG pattern, 10 bits per pixel in 16-bit containers."),
     E("BayerRG10p", 0x010A0058, "Bayer RG pattern, 10 bits per pixel, packed."),
     E("BayerRG12", 0x01100011, "Bayer RG pattern, 12 bits per pixel in 16-bit containers.", avail=HB),
     E("BayerRG12p", 0x010C0059, "Bayer RG pattern, 12 bits per pixel, packed.", avail=HB),
+    E("BayerGB12", 0x01100012, "Bayer GB pattern, 12 bits per pixel in 16-bit containers.", avail=HB),
+    E("BayerGB12p", 0x010C0055, "Bayer GB pattern, 12 bits per pixel, packed.", avail=HB),
+    E("BayerGR12", 0x01100010, "Bayer GR pattern, 12 bits per pixel in 16-bit containers.", avail=HB),
+    E("BayerGR12p", 0x010C0057, "Bayer GR pattern, 12 bits per pixel, packed.", avail=HB),
+    E("BayerBG12", 0x01100013, "Bayer BG pattern, 12 bits per pixel in 16-bit containers.", avail=HB),
+    E("BayerBG12p", 0x010C0053, "Bayer BG pattern, 12 bits per pixel, packed.", avail=HB),
     E("RGB8", 0x02180014, "Red-green-blue, 8 bits per component, processed in the camera.", avail=CP),
     E("BGR8", 0x02180015, "Blue-green-red, 8 bits per component, processed in the camera.", avail=CP),
     E("YCbCr422_8", 0x0210003B, "YCbCr 4:2:2, 8 bits per component, processed in the camera.", display="YCbCr 4:2:2 8", avail=CP),
@@ -206,17 +217,24 @@ m.enum(C, "PixelSize", "Total size in bits of a pixel of the image, derived from
 m.swissknife(C, "VntPixelSizeCalc", [("PF", "PixelFormatReg")], "(PF >> 16) & 0xFF",
              "Bits per pixel as encoded in the pixel format code.")
 m.enum(C, "PixelColorFilter", "Type of color filter applied to the image, derived from PixelFormat.",
-       [E("None", 0, "No color filter."), E("BayerRG", 1, "Bayer red-green filter.")],
+       [E("None", 0, "No color filter."), E("BayerRG", 1, "Bayer red-green filter."),
+        E("BayerGB", 2, "Bayer green-blue filter."), E("BayerGR", 3, "Bayer green-red filter."),
+        E("BayerBG", 4, "Bayer blue-green filter.")],
        swiss="VntPixelColorFilterCalc", vis="Expert")
-BAYER = [0x01080009, 0x0110000D, 0x010A0058, 0x01100011, 0x010C0059]
+BAYER = [(1, [0x01080009, 0x0110000D, 0x010A0058, 0x01100011, 0x010C0059]),
+         (2, [0x0108000A, 0x01100012, 0x010C0055]),
+         (3, [0x01080008, 0x01100010, 0x010C0057]),
+         (4, [0x0108000B, 0x01100013, 0x010C0053])]
 m.swissknife(C, "VntPixelColorFilterCalc", [("PF", "PixelFormatReg")],
-             "(" + " || ".join("(PF = 0x%08X)" % b for b in BAYER) + ") ? 1 : 0",
-             "1 for Bayer pixel formats, 0 otherwise.")
+             "".join("(" + " || ".join("(PF = 0x%08X)" % b for b in codes) + ") ? %d : " % (n)
+                     for n, codes in BAYER) + "0",
+             "The PixelColorFilter entry of the pixel format's Bayer pattern, 0 for formats without one.")
 m.integer(C, "PixelDynamicRangeMin", "Minimum value that can be returned for a pixel component.", value=0, imposed="RO", vis="Expert")
 m.integer(C, "PixelDynamicRangeMax", "Maximum value that can be returned for a pixel component, derived from PixelFormat.",
           swiss="VntPixelDynamicRangeMaxCalc", min=255, max=65535, vis="Expert")
 P10 = [0x01100003, 0x010A0046, 0x0110000D, 0x010A0058]
-P12 = [0x01100005, 0x010C0047, 0x01100011, 0x010C0059]
+P12 = [0x01100005, 0x010C0047, 0x01100011, 0x010C0059, 0x01100012, 0x010C0055, 0x01100010, 0x010C0057,
+       0x01100013, 0x010C0053]
 m.swissknife(C, "VntPixelDynamicRangeMaxCalc", [("PF", "PixelFormatReg")],
              "(" + " || ".join("(PF = 0x%08X)" % b for b in P10) + ") ? 1023 : ((" +
              " || ".join("(PF = 0x%08X)" % b for b in P12) + ") ? 4095 : ((PF = 0x01100007) ? 65535 : 255))",
@@ -227,9 +245,11 @@ m.enum(C, "TestPatternGeneratorSelector", "Selects which test pattern generator 
        [E("Sensor", 0, "Test pattern generated by the sensor."), E("Region0", 1, "Test pattern inserted in the image processing.")],
        vis="Guru", default="Sensor")
 m.enum(C, "TestPattern", "Selects the test pattern generated instead of the image from the sensor.",
-       [E("Off", 0, "Image from the sensor."), E("Black", 1, "All pixels black."), E("White", 2, "All pixels white."),
-        E("GreyHorizontalRamp", 3, "Grey ramp from left to right."), E("GreyVerticalRamp", 4, "Grey ramp from top to bottom."),
-        E("GreyDiagonalRampMoving", 5, "Moving diagonal grey ramp."), E("ColorBar", 6, "Vertical color bars.")],
+       [E("Off", 0, "Image from the sensor: a colour gradient crossed by a bright bar that moves 8 sensor columns a frame."), E("Black", 1, "All pixels black."), E("White", 2, "All pixels white."),
+        E("GreyHorizontalRamp", 3, "Grey ramp from left to right, one full ramp every 1024 sensor columns."),
+        E("GreyVerticalRamp", 4, "Grey ramp from top to bottom, one full ramp every 1024 sensor rows."),
+        E("GreyDiagonalRampMoving", 5, "Diagonal grey ramp that moves 4 sensor pixels a frame."),
+        E("ColorBar", 6, "Vertical bars 128 sensor columns wide: white, yellow, cyan, green, magenta, red, blue, black.")],
        sel="TestPatternGeneratorSelector", vis="Expert", default="Off")
 
 C = "VntBinningControl"
@@ -312,6 +332,9 @@ m.command(C, "AcquisitionStop", "Stops the acquisition of the device at the end 
 m.command(C, "AcquisitionAbort", "Aborts the acquisition immediately; the current frame is discarded.", vis="Expert")
 m.swissknife(C, "VntFrameCountAvailable", [("M", "AcquisitionModeReg")], "M = 1",
              "AcquisitionFrameCount only applies to the MultiFrame acquisition mode.")
+m.integer(C, "FrameCounter", "Number of frames the device has sent since the acquisition started.",
+          access="RO", volatile=True, length=8, min=0, max=9223372036854775807, repr="PureNumber", vis="Expert",
+          default=0)
 m.integer(C, "AcquisitionFrameCount", "Number of frames to acquire in MultiFrame acquisition mode.",
           min=1, max=65535, avail="VntFrameCountAvailable", vis="Expert", default=1)
 m.integer(C, "AcquisitionBurstFrameCount", "Number of frames acquired for each FrameBurstStart trigger.",
@@ -320,8 +343,10 @@ m.boolean(C, "AcquisitionFrameRateEnable", "Enables AcquisitionFrameRate to limi
 m.float(C, "AcquisitionFrameRate",
         "Frame rate at which frames are captured when free running. Only available when AcquisitionFrameRateEnable is true.",
         min=0.1, max=500.0, unit="Hz", notation="Fixed", precision=2, avail="AcquisitionFrameRateEnableReg", default=30.0)
-m.float(C, "AcquisitionFrameRateAbs", "Legacy name of AcquisitionFrameRate. Not implemented by this device.",
-        pvalue="AcquisitionFrameRateReg", min=0.1, max=500.0, unit="Hz", impl=LEG)
+m.float(C, "AcquisitionFrameRateAbs",
+        "Older name of AcquisitionFrameRate, kept for software written before the standard name. Both set the same frame rate.",
+        tip="Older name of AcquisitionFrameRate.", pvalue="AcquisitionFrameRateReg", min=0.1, max=500.0, unit="Hz",
+        avail="AcquisitionFrameRateEnableReg")
 m.float(C, "VntResultingFrameRate",
         "Frame rate the device achieves with the current settings, limited by exposure time, sensor readout and AcquisitionFrameRate.",
         swiss="VntResultingFrameRateCalc", min=0.0, max=100000.0, unit="Hz", notation="Fixed", precision=2, vis="Expert", display="Resulting Frame Rate")
@@ -380,12 +405,18 @@ m.swissknife(C, "VntExposureTimeAvailable", [("EM", "ExposureModeReg")], "EM = 1
              "ExposureTime only applies to the Timed exposure mode.")
 m.swissknife(C, "VntExposureTimeLocked", [("EA", "ExposureAutoReg")], "EA <> 0",
              "ExposureTime is controlled by the device while ExposureAuto is not Off.")
+m.enum(C, "ExposureTimeMode",
+       "Sets the range of the exposure time. Not implemented by this model, whose sensor has a single range; the feature belongs to the description of the camera family.",
+       [E("Standard", 0, plain=True), E("UltraShort", 1, plain=True)], tip="Sets the range of the exposure time.",
+       value=0, impl="VntUltraShortExposureImplemented", vis="Expert")
 m.float(C, "ExposureTime",
         "Exposure time of the sensor. Read-only while ExposureAuto is Once or Continuous, because the device then controls it.",
         min=20.0, max=10000000.0, unit=US, repr="Logarithmic", notation="Fixed", precision=1, volatile=True, poll=500,
         locked="VntExposureTimeLocked", avail="VntExposureTimeAvailable", default=10000.0)
-m.float(C, "ExposureTimeAbs", "Legacy name of ExposureTime. Not implemented by this device.",
-        pvalue="ExposureTimeReg", min=20.0, max=10000000.0, unit=US, impl=LEG)
+m.float(C, "ExposureTimeAbs",
+        "Older name of ExposureTime, kept for software written before the standard name. Both set the same exposure time.",
+        tip="Older name of ExposureTime.", pvalue="ExposureTimeReg", min=20.0, max=10000000.0, unit=US,
+        avail="VntExposureTimeAvailable", locked="VntExposureTimeLocked")
 m.enum(C, "ExposureAuto", "Controls the automatic exposure: Off, Once (adjust once and switch back to Off) or Continuous.",
        auto(), volatile=True, poll=1000, default="Off")
 m.boolean(C, "VntFrameTimeoutEnable", "Enables the frame timeout: a frame that is not complete after VntFrameTimeout is discarded.",
@@ -408,7 +439,17 @@ m.float(C, "Gain", "Gain applied to the image. Read-only while GainAuto is Once 
         volatile=True, poll=500, default=0.0)
 m.enum(C, "GainAuto", "Controls the automatic gain: Off, Once or Continuous.", auto(), volatile=True, poll=1000,
        default="Off")
-m.integer(C, "GainRaw", "Legacy raw gain value. Not implemented by this device.", min=0, max=240, impl=LEG)
+m.integer(C, "GainRaw",
+          "Gain in tenths of a decibel: the older, raw form of Gain, kept for software written before the standard name. Both set the same gain.",
+          tip="Gain in tenths of a decibel: the older, raw form of Gain.", pvalue="GainRawConv", min=0, max=240,
+          locked="VntGainLocked", streamable=True, reserve=0x10,
+          extra=("GainRawConv", "\n".join(['\t<IntConverter Name="GainRawConv" NameSpace="Custom">',
+                       "\t\t<ToolTip>Converts between GainRaw and the gain in decibels.</ToolTip>",
+                       "\t\t<Visibility>Invisible</Visibility>",
+                       "\t\t<FormulaTo>FROM / 10</FormulaTo>",
+                       "\t\t<FormulaFrom>TRUNC(TO * 10 + 0.5)</FormulaFrom>",
+                       "\t\t<pValue>GainReg</pValue>",
+                       "\t</IntConverter>"])))
 m.enum(C, "BlackLevelSelector", "Selects which black level is controlled by BlackLevel.",
        [E("All", 0, "Black level of all channels.")], vis="Expert", default="All")
 m.float(C, "BlackLevel", "Black level (offset) added to the pixel values.", sel="BlackLevelSelector",
@@ -942,7 +983,7 @@ m.integer(C, "VntDebugRegisterAddress", "Address of the register accessed with V
           min=0, max=0xFFFFFFFF, repr="HexNumber", vis="Invisible", default=0)
 m.integer(C, "VntDebugRegisterValue", "Raw value of the register at VntDebugRegisterAddress.", min=0, max=0xFFFFFFFF,
           repr="HexNumber", vis="Invisible", default=0)
-m.float(C, "VntSimulationNoiseLevel", "Standard deviation of the noise added to simulated images, as a fraction of full scale.",
+m.float(C, "VntSimulationNoiseLevel", "Standard deviation of noise for simulated images, as a fraction of full scale. Stored only: the simulated images are noise-free, so that their pixels follow exact formulas.",
         min=0.0, max=1.0, repr="PureNumber", notation="Fixed", precision=3, vis="Guru", default=0.02)
 m.boolean(C, "VntSimulationTemperatureDrift", "Lets the simulated device temperature drift over time.", vis="Guru", default=True)
 m.string(C, "VntFirmwareBuildDate", "Build date of the simulated firmware.", access="RO", length=16, vis="Invisible",
@@ -951,6 +992,5 @@ m.string(C, "VntFirmwareBuildDate", "Build date of the simulated firmware.", acc
 m.defaults_first = ["SensorWidth", "SensorHeight", "BinningHorizontal", "BinningVertical",
                     "DecimationHorizontal", "DecimationVertical"]
 
-# Constant used to hide the legacy feature names.
-m.constant("AcquisitionControl", LEG, 0,
-           "Legacy feature names (ExposureTimeAbs, GainRaw, AcquisitionFrameRateAbs) are not implemented by this device.")
+m.constant("AcquisitionControl", "VntUltraShortExposureImplemented", 0,
+           "This model's sensor has one exposure time range: ExposureTimeMode is not implemented.")

@@ -32,10 +32,11 @@ def first_sentence(doc):
 class E:
     """Enumeration entry."""
 
-    def __init__(self, name, value, doc=None, display=None, avail=None, impl=None):
+    def __init__(self, name, value, doc=None, display=None, avail=None, impl=None, plain=False):
         self.name, self.value, self.doc = name, value, doc
         self.display = display or split_camel(name)
         self.avail, self.impl = avail, impl
+        self.plain = plain  # no ToolTip or Description
 
 
 class Feature:
@@ -191,6 +192,9 @@ class NodeMap:
                 self.selected.setdefault(f.sel, []).append(f.name)
         # addresses
         for f in self.features:
+            if f.reserve:
+                # Keeps the addresses after a register that was dropped where they were.
+                self.alloc("scalar", f.reserve)
             if not self.has_register(f):
                 continue
             length = self.reg_length(f)
@@ -283,8 +287,9 @@ class NodeMap:
                 seen.add(e.name)
                 s.append('\t\t<EnumEntry Name="%s" NameSpace="%s">' % (e.name, self.ns(e.name) if not f.name.startswith("Vnt") else "Custom"))
                 edoc = e.doc or ("%s: %s." % (f.display or split_camel(f.name), e.display))
-                s.append("\t\t\t<ToolTip>%s</ToolTip>" % x(first_sentence(edoc)))
-                s.append("\t\t\t<Description>%s</Description>" % x(edoc))
+                if not e.plain:
+                    s.append("\t\t\t<ToolTip>%s</ToolTip>" % x(first_sentence(edoc)))
+                    s.append("\t\t\t<Description>%s</Description>" % x(edoc))
                 s.append("\t\t\t<DisplayName>%s</DisplayName>" % x(e.display))
                 if e.impl:
                     s.append("\t\t\t<pIsImplemented>%s</pIsImplemented>" % e.impl)
@@ -310,6 +315,10 @@ class NodeMap:
         out = "\n".join(s)
         if f.conv:
             out += "\n" + self.render_converter(f)
+        if f.extra:
+            name, text = f.extra
+            self.claim(name)
+            out += "\n" + text
         if self.has_register(f):
             out += "\n" + self.render_register(f)
         return out

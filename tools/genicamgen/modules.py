@@ -10,63 +10,101 @@ def new(model, tooltip, pguid, vguid, base):
 
 
 # ======================================================= Device transport layer
+# Every register of this node map is answered by the backend from the opened device (the
+# Aravis device, or the simulated one), the way a GenTL producer's port is. Whether a feature
+# exists for the device at hand is its own register, set by the backend per device: a feature
+# it can't back is not implemented rather than shown with a made-up value.
 tl = new("NodescopeDeviceTransportLayer", "Host-side transport layer parameters of an opened device",
          "0B7E1C55-6A2D-4F3B-9E84-1D2C3B4A5F60", "7C1D2E3F-4A5B-4C6D-8E7F-9A0B1C2D3E4F", 0x100000)
+TL_IMPLEMENTED = 0x10F000  # one 4-byte register per feature, in the order they are declared
+tl_implemented = []
+
+
+def tl_impl(cat, name):
+    reg = "Vnt%sImplemented" % (name[3:] if name.startswith("Vnt") else name)
+    tl.helper(cat, "\n".join([
+        '\t<IntReg Name="%s" NameSpace="Custom">' % reg,
+        "\t\t<ToolTip>1 when the backend can back %s for this device.</ToolTip>" % name,
+        "\t\t<Visibility>Invisible</Visibility>",
+        "\t\t<Address>0x%X</Address>" % (TL_IMPLEMENTED + 4 * len(tl_implemented)),
+        "\t\t<Length>4</Length>",
+        "\t\t<AccessMode>RO</AccessMode>",
+        "\t\t<pPort>Device</pPort>",
+        "\t\t<Cachable>NoCache</Cachable>",
+        "\t\t<Sign>Unsigned</Sign>",
+        "\t\t<Endianess>LittleEndian</Endianess>",
+        "\t</IntReg>"]), reg)
+    tl_implemented.append(name)
+    return reg
+
+
+def tl_feature(kind, cat, name, doc, *args, **kw):
+    kw.setdefault("volatile", True)
+    return getattr(tl, kind)(cat, name, doc, *args, impl=tl_impl(cat, name), **kw)
+
+
 tl.category("Root", None, "Root category of the device transport layer node map.", display="Root")
 C = "DeviceInformation"
 tl.category(C, "Root", "Identification of the device as seen by the transport layer.", display="Device Information")
-tl.string(C, "DeviceID", "Unique identifier of the device on the transport layer.", access="RO", length=64,
-          default="Vanto-VNT-SIM-2000-SIM0001")
-tl.string(C, "DeviceVendorName", "Name of the device vendor.", access="RO", length=32, default="Vanto")
-tl.string(C, "DeviceModelName", "Name of the device model.", access="RO", length=32, default="VNT-SIM-2000")
-tl.string(C, "DeviceSerialNumber", "Serial number of the device.", access="RO", length=16, default="SIM0001")
-tl.string(C, "DeviceUserID", "User-defined name of the device.", access="RO", length=16, default="")
-tl.string(C, "DeviceDisplayName", "Name of the device shown in the user interface.", access="RO", length=64,
-          default="Vanto VNT-SIM-2000 (SIM0001)")
-tl.enum(C, "DeviceType", "Transport layer technology of the device.",
-        [E("GigEVision", 0, "GigE Vision device."), E("USB3Vision", 1, "USB3 Vision device."),
-         E("VntSimulated", 2, "Device simulated inside the application.", display="Simulated"),
-         E("Custom", 3, "Other transport layer.")], access="RO", default="VntSimulated")
-tl.enum(C, "DeviceAccessStatus", "Access status of the device at the time it was last enumerated or opened.",
-        [E("Unknown", 0, "The status could not be determined."), E("ReadWrite", 1, "The device is available for full access."),
-         E("ReadOnly", 2, "The device can only be opened for reading."), E("NoAccess", 3, "The device cannot be opened."),
-         E("Busy", 4, "The device is opened by another application."),
-         E("OpenReadWrite", 5, "The device is opened by this application with full access."),
-         E("OpenReadOnly", 6, "The device is opened by this application for reading.")],
-        access="RO", volatile=True, default="OpenReadWrite")
-tl.integer(C, "DeviceTLVersionMajor", "Major version of the transport layer protocol of the device.", access="RO", min=0,
-           max=65535, repr="PureNumber", vis="Expert", default=2)
-tl.integer(C, "DeviceTLVersionMinor", "Minor version of the transport layer protocol of the device.", access="RO", min=0,
-           max=65535, repr="PureNumber", vis="Expert", default=2)
-tl.enum(C, "DeviceEndianessMechanism", "How the transport layer handles the endianness of the device registers.",
-        [E("Legacy", 0, "Registers are swapped by the transport layer."), E("Standard", 1, "The GenICam XML describes the endianness.")],
-        access="RO", vis="Guru", default="Standard")
+tl_feature("string", C, "DeviceID", "Identifier the device was opened with: its address, its Aravis id, or the "
+           "simulated device's name.", access="RO", length=64)
+tl_feature("string", C, "DeviceVendorName", "Name of the device vendor, as the device reports it.", access="RO", length=64)
+tl_feature("string", C, "DeviceModelName", "Name of the device model, as the device reports it; for a device simulated "
+           "from a description file, the file's name.", access="RO", length=64)
+tl_feature("string", C, "DeviceSerialNumber", "Serial number of the device, as the device reports it.", access="RO",
+           length=64)
+tl_feature("string", C, "DeviceUserID", "User-defined name of the device, as the device reports it.", access="RO",
+           length=64)
+tl_feature("string", C, "DeviceDisplayName", "Vendor, model and serial number of the device, as shown in the user interface.",
+           access="RO", length=128)
+tl_feature("enum", C, "DeviceType", "Transport layer technology of the device.",
+           [E("GigEVision", 0, "GigE Vision device.", display="GigE Vision"), E("USB3Vision", 1, "USB3 Vision device."),
+            E("VntSimulated", 2, "Device simulated inside the application.", display="Simulated"),
+            E("Custom", 3, "Other transport layer.")], access="RO")
+tl_feature("enum", C, "DeviceAccessStatus", "Access this application has to the device.",
+           [E("Unknown", 0, "The status could not be determined."), E("ReadWrite", 1, "The device is available for full access."),
+            E("ReadOnly", 2, "The device can only be opened for reading."), E("NoAccess", 3, "The device cannot be opened."),
+            E("Busy", 4, "The device is opened by another application."),
+            E("OpenReadWrite", 5, "The device is opened by this application with full access."),
+            E("OpenReadOnly", 6, "The device is opened by this application for reading.")], access="RO")
+tl_feature("integer", C, "DeviceTLVersionMajor", "Major version of the transport layer protocol the device implements, "
+           "from its bootstrap registers.", access="RO", min=0, max=65535, repr="PureNumber", vis="Expert")
+tl_feature("integer", C, "DeviceTLVersionMinor", "Minor version of the transport layer protocol the device implements, "
+           "from its bootstrap registers.", access="RO", min=0, max=65535, repr="PureNumber", vis="Expert")
+tl_feature("enum", C, "DeviceEndianessMechanism", "How the transport layer handles the endianness of the device registers.",
+           [E("Legacy", 0, "Registers are swapped by the transport layer."),
+            E("Standard", 1, "The GenICam XML describes the endianness.")], access="RO", vis="Guru")
 C = "VntGigEVisionTransport"
 tl.category(C, "Root", "Network addresses of a GigE Vision device.", display="GigE Vision", vis="Expert")
-tl.integer(C, "GevDeviceIPAddress", "Current IP address of the device.", access="RO", min=0, max=0xFFFFFFFF,
-           repr="IPV4Address", vis="Expert", default="0xC0A80A64")
-tl.integer(C, "GevDeviceSubnetMask", "Current subnet mask of the device.", access="RO", min=0, max=0xFFFFFFFF,
-           repr="IPV4Address", vis="Expert", default="0xFFFFFF00")
-tl.integer(C, "GevDeviceGateway", "Current default gateway of the device.", access="RO", min=0, max=0xFFFFFFFF,
-           repr="IPV4Address", vis="Expert", default="0xC0A80A01")
-tl.integer(C, "GevDeviceMACAddress", "MAC address of the device.", access="RO", length=8, min=0, max=0xFFFFFFFFFFFF,
-           repr="MACAddress", vis="Expert", default="0x02564E540001")
-tl.integer(C, "VntHostInterfaceIPAddress", "IP address of the host network interface the device is reached through.",
-           access="RO", min=0, max=0xFFFFFFFF, repr="IPV4Address", vis="Expert", default="0xC0A80A02")
+tl_feature("integer", C, "GevDeviceIPAddress", "Current IP address of the device.", access="RO", min=0, max=0xFFFFFFFF,
+           repr="IPV4Address", vis="Expert")
+tl_feature("integer", C, "GevDeviceSubnetMask", "Current subnet mask of the device.", access="RO", min=0, max=0xFFFFFFFF,
+           repr="IPV4Address", vis="Expert")
+tl_feature("integer", C, "GevDeviceGateway", "Current default gateway of the device.", access="RO", min=0, max=0xFFFFFFFF,
+           repr="IPV4Address", vis="Expert")
+tl_feature("integer", C, "GevDeviceMACAddress", "MAC address of the device.", access="RO", length=8, min=0,
+           max=0xFFFFFFFFFFFF, repr="MACAddress", vis="Expert")
+tl_feature("integer", C, "VntHostInterfaceIPAddress", "IP address of the host network interface the device is reached through.",
+           access="RO", min=0, max=0xFFFFFFFF, repr="IPV4Address", vis="Expert")
 C = "VntConnectionControl"
 tl.category(C, "Root", "Parameters of the control connection between host and device.", display="Connection Control")
-tl.integer(C, "VntHeartbeatTimeout", "Time after which the device closes the connection when the host stops sending heartbeats. Increase it while debugging.",
-           min=500, max=600000, unit="ms", vis="Expert", default=3000)
-tl.integer(C, "VntCommandTimeout", "Time the host waits for the answer to a control command.", min=10, max=10000, unit="ms",
-           vis="Expert", default=200)
-tl.integer(C, "VntCommandRetryCount", "Number of times a control command is repeated before it fails.", min=0, max=10,
-           vis="Guru", default=3)
-tl.integer(C, "VntPacketSize", "Packet size used for the image stream. The largest value supported by all network components is best.",
-           min=576, max=9000, inc=4, unit="B", vis="Expert", default=1500)
-tl.enum(C, "VntRegisterCacheMode", "Caching of device register values on the host.",
-        [E("Off", 0, "Every read accesses the device."), E("On", 1, "Values of cachable registers are cached."),
-         E("Debug", 2, "Values are cached and compared with the device.")], vis="Guru", default="On")
-tl.command(C, "VntDeviceReconnect", "Closes the connection to the device and opens it again.", vis="Expert")
+tl_feature("integer", C, "VntHeartbeatTimeout", "Time after which the device closes the connection when the host stops "
+           "sending heartbeats. Increase it while debugging; the host sends a heartbeat about every second.",
+           min=1000, max=600000, unit="ms", vis="Expert")
+tl_feature("integer", C, "VntCommandTimeout", "Time the host waits for the answer to a control command.", min=10, max=10000,
+           unit="ms", vis="Expert")
+tl_feature("integer", C, "VntCommandRetryCount", "Number of times a control command is repeated before it fails.", min=0,
+           max=10, vis="Guru")
+tl_feature("integer", C, "VntPacketSize", "Packet size used for the image stream. The largest value supported by all "
+           "network components is best; VntPacketSizeNegotiate finds it.", min=576, max=9000, inc=4, unit="B",
+           vis="Expert", invalidators=["VntPacketSizeNegotiateCmdReg"])
+tl_feature("command", C, "VntPacketSizeNegotiate", "Finds the largest packet size that reaches the host and sets "
+           "VntPacketSize to it.", vis="Expert", volatile=None)
+tl_feature("enum", C, "VntRegisterCacheMode", "Caching of device register values on the host.",
+           [E("Off", 0, "Every read accesses the device."), E("On", 1, "Values of cachable registers are cached."),
+            E("Debug", 2, "Values are cached and compared with the device.")], vis="Guru")
+tl_feature("command", C, "VntDeviceReconnect", "Closes the connection to the device and opens it again.", vis="Expert",
+           volatile=None)
 
 # ============================================================= Stream grabber
 sg = new("NodescopeStreamGrabber", "Parameters and statistics of the stream grabber StreamGrabber0",
@@ -136,6 +174,15 @@ eg.integer(C, "VntEventsReceived", "Number of events received since the statisti
 eg.integer(C, "VntEventsLost", "Number of events lost since the statistics were reset.", access="RO", volatile=True,
            poll=1000, length=8, min=0, max=0x7FFFFFFFFFFFFFFF, repr="PureNumber", vis="Expert", default=0)
 eg.command(C, "VntEventStatisticsReset", "Resets the event counters.", vis="Expert")
+
+# Aravis gives this application no channel for device events, so nothing here is backed by a
+# real source: every feature is not implemented, and the node map stays only as the place
+# where events will appear once they are received.
+eg.constant("Root", "VntEventChannelImplemented", 0,
+            "No device events are received: the event grabber's features are not implemented.")
+for f in eg.features:
+    f.kw["impl"] = "VntEventChannelImplemented"
+    f.kw["default"] = None
 
 # ===================================================== Image format converter
 ic = new("NodescopeImageFormatConverter", "Parameters of the conversion of grabbed images for display and saving",
