@@ -29,12 +29,18 @@ CommandLine::CommandLine()
              QStringLiteral("xx")),
       m_panel(QStringLiteral("panel"),
               QStringLiteral("Show this panel at start, by id (Nodescope.Widget.Basic) or title."),
-              QStringLiteral("PANEL"))
+              QStringLiteral("PANEL")),
+      m_live(QStringLiteral("live"),
+             QStringLiteral("Start acquiring at once (Continuous Shot); with --screenshot, the "
+                            "window is saved once the first image shows.")),
+      m_windowSize(QStringLiteral("window-size"),
+                   QStringLiteral("Open the window at this size, e.g. 1280x800."),
+                   QStringLiteral("WIDTHxHEIGHT"))
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Vanto Viewer: browse and edit the GenICam features of cameras."));
     m_parser.addOptions({m_help, m_version, m_simulate, m_camera, m_dump, m_discover, m_pluginDir,
-                         m_screenshot, m_lang, m_panel});
+                         m_screenshot, m_lang, m_panel, m_live, m_windowSize});
     m_parser.addPositionalArgument(QStringLiteral("FILE.xml"),
                                    QStringLiteral("GenICam description for --simulate."),
                                    QStringLiteral("[FILE.xml]"));
@@ -88,10 +94,24 @@ bool CommandLine::parse(const QStringList& arguments)
         m_mode = Mode::Discover;
         return true;
     }
+    m_windowSizeValue = QSize();
+    if (m_parser.isSet(m_windowSize)) {
+        const QStringList sides = m_parser.value(m_windowSize).split(QLatin1Char('x'));
+        bool widthOk = false;
+        bool heightOk = false;
+        if (sides.size() == 2) {
+            m_windowSizeValue = QSize(sides.at(0).toInt(&widthOk), sides.at(1).toInt(&heightOk));
+        }
+        if (!widthOk || !heightOk || m_windowSizeValue.isEmpty()) {
+            return fail(QStringLiteral("--window-size needs WIDTHxHEIGHT, e.g. 1280x800, not %1")
+                            .arg(m_parser.value(m_windowSize)));
+        }
+    }
     if (m_parser.isSet(m_dump)) {
-        if (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel)) {
-            return fail(QStringLiteral("--dump shows no window: --screenshot and --panel do "
-                                       "not apply"));
+        if (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel) || m_parser.isSet(m_live) ||
+            m_parser.isSet(m_windowSize)) {
+            return fail(QStringLiteral("--dump shows no window: --screenshot, --panel, --live "
+                                       "and --window-size do not apply"));
         }
         m_mode = Mode::Dump;
     }
@@ -137,6 +157,11 @@ QString CommandLine::language() const
 QString CommandLine::panel() const
 {
     return m_parser.value(m_panel);
+}
+
+bool CommandLine::live() const
+{
+    return m_parser.isSet(m_live);
 }
 
 } // namespace VantoViewer

@@ -2,6 +2,7 @@
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -31,6 +32,10 @@ public:
     QString screenshot() const;
     QString language() const;
     QString panel() const;
+    // --live: Continuous Shot is pressed once the window shows.
+    bool live() const;
+    // --window-size WIDTHxHEIGHT; invalid when not given.
+    QSize windowSize() const { return m_windowSizeValue; }
 
 private:
     bool fail(const QString& error);
@@ -46,6 +51,9 @@ private:
     QCommandLineOption m_screenshot;
     QCommandLineOption m_lang;
     QCommandLineOption m_panel;
+    QCommandLineOption m_live;
+    QCommandLineOption m_windowSize;
+    QSize m_windowSizeValue;
     Mode m_mode = Mode::Window;
     QString m_error;
 };

@@ -1,7 +1,10 @@
 #include "commandline.h"
 #include "dumpcommand.h"
 #include "filledviewwatcher.h"
+#include "acquisitionactions.h"
 #include "hosttranslator.h"
+#include "imagepanel.h"
+#include "imageview.h"
 #include "mainwindow.h"
 #include "pluginmanager.h"
 
@@ -10,6 +13,7 @@
 #include <parametercollection/exception.h>
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QDockWidget>
 #include <QElapsedTimer>
@@ -233,6 +237,9 @@ int main(int argc, char** argv)
     mainWindow->attachPluginServices(plugins.initializer());
     plugins.postInitializeAll();
     mainWindow->restoreLayout();
+    if (commandLine.windowSize().isValid()) {
+        mainWindow->resize(commandLine.windowSize());
+    }
     if (info) {
         mainWindow->addDevice(info);
     }
@@ -244,6 +251,14 @@ int main(int argc, char** argv)
         }
     }
     mainWindow->show();
+    if (commandLine.live()) {
+        QAction* continuous = mainWindow->imagePanel()->acquisitionActions()->continuousShot();
+        if (continuous->isEnabled()) {
+            continuous->trigger();
+        } else {
+            err << "vantoviewer: --live: the camera has no stream to start\n";
+        }
+    }
 
     QTimer giveUp;
     giveUp.setSingleShot(true);
@@ -274,13 +289,29 @@ int main(int argc, char** argv)
             QCoreApplication::quit();
         };
         QObject::connect(&giveUp, &QTimer::timeout, shown, saveAndQuit);
+        // With --live the picture waits for the first image too.
+        const auto awaited = std::make_shared<int>(commandLine.live() ? 2 : 1);
+        const auto oneShown = [&giveUp, awaited, shown, saveAndQuit]() {
+            if (--*awaited == 0) {
+                giveUp.stop();
+                // The paint is still on its way to the screen; grab after it.
+                QTimer::singleShot(0, shown, saveAndQuit);
+            }
+        };
+        if (commandLine.live()) {
+            VantoViewer::ImageView* view = shown->imagePanel()->view();
+            auto firstImage = std::make_shared<QMetaObject::Connection>();
+            *firstImage = QObject::connect(view, &VantoViewer::ImageView::imagePainted, shown,
+                                           [firstImage, oneShown]() {
+                                               QObject::disconnect(*firstImage);
+                                               oneShown();
+                                           });
+        }
         if (watcher) {
             QObject::connect(watcher.data(), &VantoViewer::FilledViewWatcher::filledPaint, shown,
-                             [&giveUp, &err, &sinceMain, shown, saveAndQuit]() {
-                                 giveUp.stop();
+                             [&err, &sinceMain, oneShown]() {
                                  reportFeaturesShown(err, sinceMain);
-                                 // The paint is still on its way to the screen; grab after it.
-                                 QTimer::singleShot(0, shown, saveAndQuit);
+                                 oneShown();
                              });
             giveUp.start(SCREENSHOT_GIVE_UP_MS);
         } else {

@@ -1,9 +1,12 @@
 #include "mainwindow.h"
 
+#include "acquisitionactions.h"
 #include "cameraname.h"
 #include "devicespane.h"
 #include "featureinstantiationservice.h"
 #include "featurestatusbar.h"
+#include "histogrampanel.h"
+#include "imagepanel.h"
 #include "menuservice.h"
 #include "openingprogress.h"
 #include "visibilitytoolbar.h"
@@ -25,17 +28,25 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShowEvent>
+#include <QToolBar>
+
+#include <algorithm>
 
 namespace VantoViewer {
 
 namespace {
-constexpr int DEFAULT_WIDTH = 1000;
-constexpr int DEFAULT_HEIGHT = 700;
-constexpr int DEVICES_WIDTH = 300;
+constexpr int DEFAULT_WIDTH = 1280;
+constexpr int DEFAULT_HEIGHT = 800;
+// The Devices pane shows names only; the feature panels need room for names and values.
+constexpr int DEVICES_MIN_WIDTH = 220;
+constexpr int DEVICES_MAX_WIDTH = 300;
+constexpr int FEATURES_MIN_WIDTH = 380;
+constexpr int FEATURES_MAX_WIDTH = 560;
+constexpr int HISTOGRAM_HEIGHT = 220;
 constexpr char LAYOUT_ID[] = "VantoViewer.MainWindow";
 constexpr char VISIBILITY_KEY[] = "Visibility";
 // Bumped when the docks change so that an old layout is not forced onto new docks.
-constexpr int LAYOUT_VERSION = 2;
+constexpr int LAYOUT_VERSION = 3;
 
 Plugin::AppCore::CContext globalContext()
 {
@@ -96,6 +107,7 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
         m_visibilityToolBar->toggleViewAction(), Core::CId(Plugin::AppCore::Constants::M_WINDOW),
         Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
     createCameraActions();
+    createImagePanels();
 
     m_statusBar->showMessage(tr("Ready"));
 
@@ -147,6 +159,47 @@ void MainWindow::createCameraActions()
                              globalContext());
 }
 
+void MainWindow::createImagePanels()
+{
+    m_imagePanel = new ImagePanel(this);
+    m_imagePanel->setServices(nullptr, m_pool.data());
+    setCentralWidget(m_imagePanel);
+    // The acquisition's tool bar sits in the window's tool bar row, where it has the room.
+    addToolBar(Qt::TopToolBarArea, m_imagePanel->toolBar());
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Window.ImageToolBar")),
+                             m_imagePanel->toolBar()->toggleViewAction(),
+                             Core::CId(Plugin::AppCore::Constants::M_WINDOW),
+                             Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS),
+                             globalContext());
+
+    m_histogramDock = new QDockWidget(tr("Histogram"), this);
+    m_histogramDock->setObjectName(QStringLiteral("VantoViewer.Histogram"));
+    m_histogramDock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetClosable);
+    m_histogramPanel = new HistogramPanel(m_histogramDock);
+    m_histogramDock->setWidget(m_histogramPanel);
+    addDockWidget(Qt::RightDockWidgetArea, m_histogramDock);
+    connect(m_imagePanel, &ImagePanel::histogramChanged, m_histogramPanel,
+            &HistogramPanel::setHistogram);
+    connect(m_imagePanel, &ImagePanel::histogramCleared, m_histogramPanel, &HistogramPanel::clear);
+    m_menuService->addAction(
+        Core::CId(QStringLiteral("VantoViewer.Window.Histogram")),
+        m_histogramDock->toggleViewAction(), Core::CId(Plugin::AppCore::Constants::M_WINDOW),
+        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
+
+    m_menuService->addAction(
+        Core::CId(QStringLiteral("VantoViewer.Camera.SaveImage")), m_imagePanel->saveImageAction(),
+        Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+        Core::CId(Plugin::AppCore::Constants::G_CAMERA_FEATURES), globalContext());
+    auto* acquisitionMenu = new QMenu(tr("&Acquisition"), menuBar());
+    acquisitionMenu->setObjectName(QStringLiteral("VantoViewer.Menu.Acquisition"));
+    acquisitionMenu->addActions(m_imagePanel->acquisitionActions()->actions());
+    acquisitionMenu->addSeparator();
+    acquisitionMenu->addAction(m_imagePanel->fitAction());
+    acquisitionMenu->addAction(m_imagePanel->actualSizeAction());
+    QMenu* windowMenu = m_menuService->menu(Core::CId(Plugin::AppCore::Constants::M_WINDOW));
+    menuBar()->insertMenu(windowMenu ? windowMenu->menuAction() : nullptr, acquisitionMenu);
+}
+
 MainWindow::~MainWindow()
 {
     saveLayout();
@@ -186,12 +239,21 @@ void MainWindow::showEvent(QShowEvent* event)
         return;
     }
     m_layoutRestored = true;
-    // The feature tree needs the room; the camera list only shows names. Sizes apply only
-    // once the docks are laid out, hence after showing.
+    // The image takes the centre; the feature tree needs the room at the right, the histogram
+    // below it, and the camera list only shows names. Sizes apply only once the docks are laid
+    // out, hence after showing.
     QDockWidget* panel = panelDock(Core::CId(DEFAULT_PANEL_ID));
     if (panel) {
-        resizeDocks({m_devicesDock, panel}, {DEVICES_WIDTH, width() - DEVICES_WIDTH},
-                    Qt::Horizontal);
+        // Below the panels' tabs as a whole: a split beside one tab would only add a tab.
+        removeDockWidget(m_histogramDock);
+        addDockWidget(Qt::RightDockWidgetArea, m_histogramDock, Qt::Vertical);
+        m_histogramDock->show();
+        const int devicesWidth = std::clamp(width() * 4 / 25, DEVICES_MIN_WIDTH, DEVICES_MAX_WIDTH);
+        const int featuresWidth =
+            std::clamp(width() * 3 / 10, FEATURES_MIN_WIDTH, FEATURES_MAX_WIDTH);
+        resizeDocks({m_devicesDock, panel}, {devicesWidth, featuresWidth}, Qt::Horizontal);
+        resizeDocks({panel, m_histogramDock}, {height() - HISTOGRAM_HEIGHT, HISTOGRAM_HEIGHT},
+                    Qt::Vertical);
     }
 }
 
@@ -393,6 +455,7 @@ void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::
 {
     m_closeAction->setEnabled(!info.isNull());
     m_refreshAction->setEnabled(!info.isNull());
+    m_imagePanel->setActiveDevice(info);
     if (!info) {
         m_statusBar->showFeature({});
     }

@@ -44,6 +44,8 @@ namespace VantoViewer {
 class DevicesPane;
 class FeatureInstantiationService;
 class FeatureStatusBar;
+class HistogramPanel;
+class ImagePanel;
 class MenuService;
 class VisibilityToolBar;
 class WindowService;
@@ -88,6 +90,8 @@ public:
     QDockWidget* showPanel(const QString& idOrTitle);
     QDockWidget* devicesDock() const;
     DevicesPane* devicesPane() const;
+    ImagePanel* imagePanel() const { return m_imagePanel; }
+    QDockWidget* histogramDock() const { return m_histogramDock; }
     VisibilityToolBar* visibilityToolBar() const;
     FeatureStatusBar* featureStatusBar() const;
     QSharedPointer<MenuService> menuService() const;
@@ -122,6 +126,7 @@ private:
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();
     void createCameraActions();
+    void createImagePanels();
 
     QSharedPointer<Backend::CameraPool> m_pool;
     QSharedPointer<WindowService> m_windowService;
@@ -133,6 +138,9 @@ private:
     DevicesPane* m_devicesPane;                                            // child
     VisibilityToolBar* m_visibilityToolBar;                                // child
     FeatureStatusBar* m_statusBar;                                         // child
+    ImagePanel* m_imagePanel = nullptr;                                    // child
+    HistogramPanel* m_histogramPanel = nullptr;                            // child
+    QDockWidget* m_histogramDock = nullptr;                                // child
     QAction* m_refreshAction = nullptr;                                    // child
     QAction* m_closeAction = nullptr;                                      // child
     QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries

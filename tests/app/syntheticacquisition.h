@@ -1,8 +1,25 @@
 #pragma once
 
 #include <acquisition/iacquisition.h>
+#include <acquisition/iacquisitionservice.h>
 
+#include <QByteArray>
+#include <QHash>
 #include <QList>
+
+#include <memory>
+
+// A frame whose bytes the frame itself keeps alive.
+inline Plugin::Acquisition::FramePtr syntheticFrame(quint32 pixelFormat, quint32 width,
+                                                    quint32 height, const QByteArray& bytes,
+                                                    quint64 frameId = 1)
+{
+    using Plugin::Acquisition::Frame;
+    const auto storage = std::make_shared<const QByteArray>(bytes);
+    return std::make_shared<const Frame>(
+        width, height, pixelFormat, reinterpret_cast<const uchar*>(storage->constData()),
+        std::size_t(storage->size()), frameId, frameId * 1000, Frame::Complete, storage);
+}
 
 // Frames made by the test, through the SDK's acquisition interface: what a stream would hand
 // the window, without a device. start() and stop() only record the request and change state.
@@ -52,4 +69,18 @@ private:
     State m_state = Idle;
     Plugin::Acquisition::FramePtr m_latest;
     Plugin::Acquisition::Statistics m_statistics;
+};
+
+// Hands out the acquisitions the test registered, per camera.
+class SyntheticAcquisitionService : public Plugin::Acquisition::IAcquisitionService {
+public:
+    using IAcquisitionService::IAcquisitionService;
+
+    Plugin::Acquisition::IAcquisition*
+    getAcquisition(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info) const override
+    {
+        return acquisitions.value(info.data());
+    }
+
+    QHash<Plugin::CameraPool::IBaseInfo*, Plugin::Acquisition::IAcquisition*> acquisitions;
 };

@@ -83,6 +83,15 @@ private Q_SLOTS:
             << QStringLiteral("only with --simulate");
         QTest::newRow("an empty file name")
             << QStringList{QStringLiteral("--simulate"), QString()} << QStringLiteral("empty");
+        QTest::newRow("a live dump")
+            << QStringList{QStringLiteral("--dump"), QStringLiteral("--live")}
+            << QStringLiteral("--live");
+        QTest::newRow("a window size without height")
+            << QStringList{QStringLiteral("--window-size"), QStringLiteral("1280")}
+            << QStringLiteral("WIDTHxHEIGHT");
+        QTest::newRow("an empty window")
+            << QStringList{QStringLiteral("--window-size"), QStringLiteral("0x800")}
+            << QStringLiteral("0x800");
     }
 
     void shouldRefuseWhatItDoesNotUnderstandAndSayWhat()
@@ -96,6 +105,20 @@ private Q_SLOTS:
         QVERIFY2(commandLine.errorText().contains(error), qPrintable(commandLine.errorText()));
     }
 
+    void shouldStartLiveAtTheSizeAskedFor()
+    {
+        CommandLine commandLine;
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--simulate"),
+                                   QStringLiteral("--live"), QStringLiteral("--window-size"),
+                                   QStringLiteral("1920x1080")}));
+        QVERIFY(commandLine.live());
+        QCOMPARE(commandLine.windowSize(), QSize(1920, 1080));
+
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--simulate")}));
+        QVERIFY(!commandLine.live());
+        QVERIFY(!commandLine.windowSize().isValid());
+    }
+
     void shouldOfferUsageThatNamesEveryOption()
     {
         CommandLine commandLine;
@@ -103,8 +126,9 @@ private Q_SLOTS:
 
         const QString usage = commandLine.helpText();
 
-        for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
-                                   "--screenshot", "--lang", "--panel", "FILE.xml"}) {
+        for (const char* option :
+             {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir", "--screenshot",
+              "--lang", "--panel", "--live", "--window-size", "FILE.xml"}) {
             QVERIFY2(usage.contains(QLatin1String(option)), option);
         }
     }
