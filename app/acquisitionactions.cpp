@@ -57,7 +57,8 @@ QAction* AcquisitionActions::newAction(const QString& text, const QKeySequence& 
     action->setObjectName(objectName);
     action->setShortcut(shortcut);
     // The key shows wherever the action does, tool bar buttons included.
-    action->setToolTip(tr("%1 (%2)").arg(text, shortcut.toString(QKeySequence::NativeText)));
+    action->setToolTip(text + QStringLiteral(" (") + shortcut.toString(QKeySequence::NativeText) +
+                       QLatin1Char(')'));
     return action;
 }
 

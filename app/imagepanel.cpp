@@ -93,9 +93,9 @@ void ImagePanel::buildToolBar()
     m_saveImage->setShortcut(QKeySequence::Save);
     m_saveImage->setEnabled(false);
     for (QAction* action : {m_fit, m_actualSize, m_saveImage}) {
-        action->setToolTip(
-            tr("%1 (%2)").arg(action->text().remove(QStringLiteral("...")),
-                              action->shortcut().toString(QKeySequence::NativeText)));
+        action->setToolTip(action->text().remove(QStringLiteral("...")) + QStringLiteral(" (") +
+                           action->shortcut().toString(QKeySequence::NativeText) +
+                           QLatin1Char(')'));
     }
     m_fit->setStatusTip(tr("Shows the whole image"));
     m_actualSize->setStatusTip(tr("Shows one screen pixel per image pixel"));
@@ -279,16 +279,16 @@ void ImagePanel::updateStatus()
     QStringList parts;
     if (m_acquisition) {
         if (m_meter.hasRates()) {
-            parts << tr("%1 fps received, %2 fps displayed")
+            parts << tr("%1 fps received, %2 fps displayed, %3 MB/s")
                          .arg(m_meter.receivedFps(), 0, 'f', 1)
                          .arg(m_meter.displayedFps(), 0, 'f', 1)
-                  << tr("%1 MB/s").arg(m_meter.megabytesPerSecond(), 0, 'f', 1);
+                         .arg(m_meter.megabytesPerSecond(), 0, 'f', 1);
         }
         parts << tr("incomplete %1").arg(m_meter.incomplete())
               << tr("dropped for display %1").arg(m_meter.droppedForDisplay());
     }
     if (m_shownFrame) {
-        parts << tr("%1, %2 × %3")
+        parts << tr("%1, %2 × %3 pixels")
                      .arg(Plugin::Acquisition::PixelFormat::name(m_shownFrame->pixelFormat()))
                      .arg(m_shownFrame->width())
                      .arg(m_shownFrame->height());

@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <source>Single Shot</source>
+        <translation>Single Shot</translation>
+    </message>
+    <message>
+        <source>Continuous Shot</source>
+        <translation>Continuous Shot</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Software Trigger</source>
+        <translation>Software Trigger</translation>
+    </message>
+    <message>
+        <source>Acquires one image</source>
+        <translation>Acquires one image</translation>
+    </message>
+    <message>
+        <source>Acquires images until stopped</source>
+        <translation>Acquires images until stopped</translation>
+    </message>
+    <message>
+        <source>Stops acquiring</source>
+        <translation>Stops acquiring</translation>
+    </message>
+    <message>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>Executes TriggerSoftware: one trigger for the camera</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -120,6 +155,116 @@ Transport: %3</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <source>Logarithmic</source>
+        <translation>Logarithmic</translation>
+    </message>
+    <message>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>Counts on a logarithmic scale, so that rare values show</translation>
+    </message>
+    <message>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1: min %2, max %3, mean %4</translation>
+    </message>
+    <message>
+        <source>No image</source>
+        <translation>No image</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <source>Save Image...</source>
+        <translation>Save Image...</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Fit</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>Acquisition</source>
+        <translation>Acquisition</translation>
+    </message>
+    <message>
+        <source>Shows the whole image</source>
+        <translation>Shows the whole image</translation>
+    </message>
+    <message>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>Shows one screen pixel per image pixel</translation>
+    </message>
+    <message>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>Writes the image shown as PNG, TIFF or raw bytes</translation>
+    </message>
+    <message>
+        <source>The acquisition failed: %1</source>
+        <translation>The acquisition failed: %1</translation>
+    </message>
+    <message>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>No camera is open. Open one in the Devices pane or the Camera menu.</translation>
+    </message>
+    <message>
+        <source>This camera has no stream to show.</source>
+        <translation>This camera has no stream to show.</translation>
+    </message>
+    <message>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
+        <translation>%1 fps received, %2 fps displayed, %3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1</source>
+        <translation>incomplete %1</translation>
+    </message>
+    <message>
+        <source>dropped for display %1</source>
+        <translation>dropped for display %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1, %2 × %3 pixels</translation>
+    </message>
+    <message>
+        <source>x %1, y %2: %3</source>
+        <translation>x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <source>There is no image to save.</source>
+        <translation>There is no image to save.</translation>
+    </message>
+    <message>
+        <source>PNG image (*.png)</source>
+        <translation>PNG image (*.png)</translation>
+    </message>
+    <message>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF image (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>Raw bytes with a side file (*.raw)</translation>
+    </message>
+    <message>
+        <source>Save Image</source>
+        <translation>Save Image</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>Cannot save %1: %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -195,6 +340,14 @@ Transport: %3</translation>
     <message>
         <source>Opening %1...</source>
         <translation>Opening %1...</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogram</translation>
+    </message>
+    <message>
+        <source>&amp;Acquisition</source>
+        <translation>&amp;Acquisition</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <source>Single Shot</source>
+        <translation>シングルショット</translation>
+    </message>
+    <message>
+        <source>Continuous Shot</source>
+        <translation>連続ショット</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Software Trigger</source>
+        <translation>ソフトウェアトリガー</translation>
+    </message>
+    <message>
+        <source>Acquires one image</source>
+        <translation>画像を 1 枚取得します</translation>
+    </message>
+    <message>
+        <source>Acquires images until stopped</source>
+        <translation>停止するまで画像を取得し続けます</translation>
+    </message>
+    <message>
+        <source>Stops acquiring</source>
+        <translation>取得を停止します</translation>
+    </message>
+    <message>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>TriggerSoftware を実行します: カメラへのトリガー 1 回</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -120,6 +155,116 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <source>Logarithmic</source>
+        <translation>対数</translation>
+    </message>
+    <message>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>まれな値も見えるよう、度数を対数目盛で表示します</translation>
+    </message>
+    <message>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1: 最小 %2、最大 %3、平均 %4</translation>
+    </message>
+    <message>
+        <source>No image</source>
+        <translation>画像なし</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <source>Save Image...</source>
+        <translation>画像を保存...</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>全体表示</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>等倍 (100 %)</translation>
+    </message>
+    <message>
+        <source>Acquisition</source>
+        <translation>取得</translation>
+    </message>
+    <message>
+        <source>Shows the whole image</source>
+        <translation>画像全体を表示します</translation>
+    </message>
+    <message>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>画像の 1 画素を画面の 1 ピクセルで表示します</translation>
+    </message>
+    <message>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>表示中の画像を PNG、TIFF または生バイトで書き出します</translation>
+    </message>
+    <message>
+        <source>The acquisition failed: %1</source>
+        <translation>取得に失敗しました: %1</translation>
+    </message>
+    <message>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>カメラが開かれていません。デバイスペインまたはカメラメニューから開いてください。</translation>
+    </message>
+    <message>
+        <source>This camera has no stream to show.</source>
+        <translation>このカメラには表示できるストリームがありません。</translation>
+    </message>
+    <message>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>カメラの画像を見るには、連続ショット (%1) またはシングルショット (%2) を押してください。</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
+        <translation>受信 %1 fps、表示 %2 fps、%3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1</source>
+        <translation>不完全 %1</translation>
+    </message>
+    <message>
+        <source>dropped for display %1</source>
+        <translation>表示で破棄 %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1、%2 × %3 ピクセル</translation>
+    </message>
+    <message>
+        <source>x %1, y %2: %3</source>
+        <translation>画素 x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <source>There is no image to save.</source>
+        <translation>保存する画像がありません。</translation>
+    </message>
+    <message>
+        <source>PNG image (*.png)</source>
+        <translation>PNG 画像 (*.png)</translation>
+    </message>
+    <message>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF 画像 (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>生バイトと説明ファイル (*.raw)</translation>
+    </message>
+    <message>
+        <source>Save Image</source>
+        <translation>画像を保存</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>%1 を保存できません: %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -194,6 +339,14 @@ Transport: %3</source>
     <message>
         <source>Opening %1...</source>
         <translation>%1 を開いています...</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>ヒストグラム</translation>
+    </message>
+    <message>
+        <source>&amp;Acquisition</source>
+        <translation>取得(&amp;A)</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <source>Single Shot</source>
+        <translation>단일 촬영</translation>
+    </message>
+    <message>
+        <source>Continuous Shot</source>
+        <translation>연속 촬영</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>정지</translation>
+    </message>
+    <message>
+        <source>Software Trigger</source>
+        <translation>소프트웨어 트리거</translation>
+    </message>
+    <message>
+        <source>Acquires one image</source>
+        <translation>이미지를 한 장 획득합니다</translation>
+    </message>
+    <message>
+        <source>Acquires images until stopped</source>
+        <translation>정지할 때까지 이미지를 획득합니다</translation>
+    </message>
+    <message>
+        <source>Stops acquiring</source>
+        <translation>획득을 정지합니다</translation>
+    </message>
+    <message>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>TriggerSoftware 실행: 카메라에 트리거 한 번</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -120,6 +155,116 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <source>Logarithmic</source>
+        <translation>로그</translation>
+    </message>
+    <message>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>드문 값도 보이도록 빈도를 로그 눈금으로 표시합니다</translation>
+    </message>
+    <message>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1: 최소 %2, 최대 %3, 평균 %4</translation>
+    </message>
+    <message>
+        <source>No image</source>
+        <translation>이미지 없음</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <source>Save Image...</source>
+        <translation>이미지 저장...</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>맞춤</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>원본 크기 (100 %)</translation>
+    </message>
+    <message>
+        <source>Acquisition</source>
+        <translation>획득</translation>
+    </message>
+    <message>
+        <source>Shows the whole image</source>
+        <translation>이미지 전체를 표시합니다</translation>
+    </message>
+    <message>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>이미지 픽셀 하나를 화면 픽셀 하나로 표시합니다</translation>
+    </message>
+    <message>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>표시 중인 이미지를 PNG, TIFF 또는 원시 바이트로 저장합니다</translation>
+    </message>
+    <message>
+        <source>The acquisition failed: %1</source>
+        <translation>획득에 실패했습니다: %1</translation>
+    </message>
+    <message>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>열린 카메라가 없습니다. 장치 창이나 카메라 메뉴에서 여십시오.</translation>
+    </message>
+    <message>
+        <source>This camera has no stream to show.</source>
+        <translation>이 카메라에는 표시할 스트림이 없습니다.</translation>
+    </message>
+    <message>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>카메라 이미지를 보려면 연속 촬영 (%1) 또는 단일 촬영 (%2)을 누르십시오.</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
+        <translation>수신 %1 fps, 표시 %2 fps, %3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1</source>
+        <translation>불완전 %1</translation>
+    </message>
+    <message>
+        <source>dropped for display %1</source>
+        <translation>표시에서 버림 %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1, %2 × %3 픽셀</translation>
+    </message>
+    <message>
+        <source>x %1, y %2: %3</source>
+        <translation>픽셀 x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <source>There is no image to save.</source>
+        <translation>저장할 이미지가 없습니다.</translation>
+    </message>
+    <message>
+        <source>PNG image (*.png)</source>
+        <translation>PNG 이미지 (*.png)</translation>
+    </message>
+    <message>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF 이미지 (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>원시 바이트와 설명 파일 (*.raw)</translation>
+    </message>
+    <message>
+        <source>Save Image</source>
+        <translation>이미지 저장</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>%1을(를) 저장할 수 없습니다: %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -194,6 +339,14 @@ Transport: %3</source>
     <message>
         <source>Opening %1...</source>
         <translation>%1 여는 중...</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>히스토그램</translation>
+    </message>
+    <message>
+        <source>&amp;Acquisition</source>
+        <translation>획득(&amp;A)</translation>
     </message>
 </context>
 <context>

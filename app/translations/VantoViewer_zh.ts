@@ -2,6 +2,41 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <source>Single Shot</source>
+        <translation>单帧采集</translation>
+    </message>
+    <message>
+        <source>Continuous Shot</source>
+        <translation>连续采集</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Software Trigger</source>
+        <translation>软件触发</translation>
+    </message>
+    <message>
+        <source>Acquires one image</source>
+        <translation>采集一幅图像</translation>
+    </message>
+    <message>
+        <source>Acquires images until stopped</source>
+        <translation>持续采集图像直到停止</translation>
+    </message>
+    <message>
+        <source>Stops acquiring</source>
+        <translation>停止采集</translation>
+    </message>
+    <message>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>执行 TriggerSoftware：向相机发出一次触发</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -120,6 +155,116 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <source>Logarithmic</source>
+        <translation>对数</translation>
+    </message>
+    <message>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>以对数刻度显示计数，使稀少的值也能看到</translation>
+    </message>
+    <message>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1：最小 %2，最大 %3，平均 %4</translation>
+    </message>
+    <message>
+        <source>No image</source>
+        <translation>无图像</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <source>Save Image...</source>
+        <translation>保存图像...</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合窗口</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>原始大小 (100 %)</translation>
+    </message>
+    <message>
+        <source>Acquisition</source>
+        <translation>采集</translation>
+    </message>
+    <message>
+        <source>Shows the whole image</source>
+        <translation>显示整幅图像</translation>
+    </message>
+    <message>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>每个图像像素显示为一个屏幕像素</translation>
+    </message>
+    <message>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>将显示的图像写为 PNG、TIFF 或原始字节</translation>
+    </message>
+    <message>
+        <source>The acquisition failed: %1</source>
+        <translation>采集失败：%1</translation>
+    </message>
+    <message>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>没有打开的相机。请在设备窗格或相机菜单中打开一台。</translation>
+    </message>
+    <message>
+        <source>This camera has no stream to show.</source>
+        <translation>此相机没有可显示的图像流。</translation>
+    </message>
+    <message>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>按连续采集 (%1) 或单帧采集 (%2) 查看相机图像。</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
+        <translation>接收 %1 fps，显示 %2 fps，%3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1</source>
+        <translation>不完整 %1</translation>
+    </message>
+    <message>
+        <source>dropped for display %1</source>
+        <translation>显示丢弃 %1</translation>
+    </message>
+    <message>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1，%2 × %3 像素</translation>
+    </message>
+    <message>
+        <source>x %1, y %2: %3</source>
+        <translation>像素 x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <source>There is no image to save.</source>
+        <translation>没有可保存的图像。</translation>
+    </message>
+    <message>
+        <source>PNG image (*.png)</source>
+        <translation>PNG 图像 (*.png)</translation>
+    </message>
+    <message>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF 图像 (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>原始字节及说明文件 (*.raw)</translation>
+    </message>
+    <message>
+        <source>Save Image</source>
+        <translation>保存图像</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>无法保存 %1：%2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -194,6 +339,14 @@ Transport: %3</source>
     <message>
         <source>Opening %1...</source>
         <translation>正在打开 %1...</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>直方图</translation>
+    </message>
+    <message>
+        <source>&amp;Acquisition</source>
+        <translation>采集(&amp;A)</translation>
     </message>
 </context>
 <context>

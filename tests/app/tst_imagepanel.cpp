@@ -152,7 +152,7 @@ private Q_SLOTS:
     {
         m_firstAcquisition->start(IAcquisition::Continuous);
         QVERIFY(show(*m_firstAcquisition, mono8Frame(8, 4, char(1), 1)));
-        QVERIFY(m_panel->statusText().contains(QStringLiteral("Mono8, 8 × 4")));
+        QVERIFY(m_panel->statusText().contains(QStringLiteral("Mono8, 8 × 4 pixels")));
 
         // Frames the display never takes count as dropped for it, not as lost.
         for (quint64 id = 2; id <= 5; ++id) {
