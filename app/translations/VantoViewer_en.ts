@@ -37,6 +37,41 @@
     </message>
 </context>
 <context>
+    <name>VantoViewer::ConversionEngine</name>
+    <message>
+        <source>Pixel format %1 can&apos;t be shown.</source>
+        <translation>Pixel format %1 can&apos;t be shown.</translation>
+    </message>
+    <message>
+        <source>The %1 frame holds no image (%2 × %3).</source>
+        <translation>The %1 frame holds no image (%2 × %3).</translation>
+    </message>
+    <message>
+        <source>A frame of %1 × %2 is too large to be shown.</source>
+        <translation>A frame of %1 × %2 is too large to be shown.</translation>
+    </message>
+    <message>
+        <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
+        <translation>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width and height; the frame is %2 × %3.</source>
+        <translation>%1 needs an even width and height; the frame is %2 × %3.</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width; the frame is %2 × %3.</source>
+        <translation>%1 needs an even width; the frame is %2 × %3.</translation>
+    </message>
+    <message>
+        <source>There is no memory for an image of %1 × %2.</source>
+        <translation>There is no memory for an image of %1 × %2.</translation>
+    </message>
+    <message>
+        <source>The conversion of %1 failed.</source>
+        <translation>The conversion of %1 failed.</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -265,6 +300,21 @@ Transport: %3</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::ImageWriter</name>
+    <message>
+        <source>Unknown image file format %1.</source>
+        <translation>Unknown image file format %1.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>Cannot write %1: %2</translation>
+    </message>
+    <message>
+        <source>The frame holds no bytes.</source>
+        <translation>The frame holds no bytes.</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -370,6 +420,13 @@ Transport: %3</translation>
     <message>
         <source>Opening Camera</source>
         <translation>Opening Camera</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PixelReader</name>
+    <message>
+        <source>%1 (%2-bit)</source>
+        <translation>%1 (%2-bit)</translation>
     </message>
 </context>
 <context>

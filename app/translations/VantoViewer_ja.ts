@@ -37,6 +37,41 @@
     </message>
 </context>
 <context>
+    <name>VantoViewer::ConversionEngine</name>
+    <message>
+        <source>Pixel format %1 can&apos;t be shown.</source>
+        <translation>ピクセルフォーマット %1 は表示できません。</translation>
+    </message>
+    <message>
+        <source>The %1 frame holds no image (%2 × %3).</source>
+        <translation>%1 のフレームに画像がありません（%2 × %3）。</translation>
+    </message>
+    <message>
+        <source>A frame of %1 × %2 is too large to be shown.</source>
+        <translation>%1 × %2 のフレームは大きすぎて表示できません。</translation>
+    </message>
+    <message>
+        <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
+        <translation>フレームは %1 バイトですが、%2 × %3 の %4 画像には %5 バイト必要です。</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width and height; the frame is %2 × %3.</source>
+        <translation>%1 には偶数の幅と高さが必要です。フレームは %2 × %3 です。</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width; the frame is %2 × %3.</source>
+        <translation>%1 には偶数の幅が必要です。フレームは %2 × %3 です。</translation>
+    </message>
+    <message>
+        <source>There is no memory for an image of %1 × %2.</source>
+        <translation>%1 × %2 の画像に必要なメモリがありません。</translation>
+    </message>
+    <message>
+        <source>The conversion of %1 failed.</source>
+        <translation>%1 の変換に失敗しました。</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -265,6 +300,21 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::ImageWriter</name>
+    <message>
+        <source>Unknown image file format %1.</source>
+        <translation>不明な画像ファイル形式 %1 です。</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>The frame holds no bytes.</source>
+        <translation>フレームにデータがありません。</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -369,6 +419,13 @@ Transport: %3</source>
     <message>
         <source>Opening Camera</source>
         <translation>カメラを開いています</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PixelReader</name>
+    <message>
+        <source>%1 (%2-bit)</source>
+        <translation>%1（%2 ビット）</translation>
     </message>
 </context>
 <context>

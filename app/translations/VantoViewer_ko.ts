@@ -37,6 +37,41 @@
     </message>
 </context>
 <context>
+    <name>VantoViewer::ConversionEngine</name>
+    <message>
+        <source>Pixel format %1 can&apos;t be shown.</source>
+        <translation>픽셀 형식 %1은(는) 표시할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The %1 frame holds no image (%2 × %3).</source>
+        <translation>%1 프레임에 이미지가 없습니다(%2 × %3).</translation>
+    </message>
+    <message>
+        <source>A frame of %1 × %2 is too large to be shown.</source>
+        <translation>%1 × %2 프레임은 너무 커서 표시할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
+        <translation>프레임은 %1바이트이지만 %2 × %3 %4 이미지에는 %5바이트가 필요합니다.</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width and height; the frame is %2 × %3.</source>
+        <translation>%1에는 짝수 너비와 높이가 필요합니다. 프레임은 %2 × %3입니다.</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width; the frame is %2 × %3.</source>
+        <translation>%1에는 짝수 너비가 필요합니다. 프레임은 %2 × %3입니다.</translation>
+    </message>
+    <message>
+        <source>There is no memory for an image of %1 × %2.</source>
+        <translation>%1 × %2 이미지를 위한 메모리가 없습니다.</translation>
+    </message>
+    <message>
+        <source>The conversion of %1 failed.</source>
+        <translation>%1 변환에 실패했습니다.</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -265,6 +300,21 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::ImageWriter</name>
+    <message>
+        <source>Unknown image file format %1.</source>
+        <translation>알 수 없는 이미지 파일 형식 %1입니다.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1에 쓸 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>The frame holds no bytes.</source>
+        <translation>프레임에 데이터가 없습니다.</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -369,6 +419,13 @@ Transport: %3</source>
     <message>
         <source>Opening Camera</source>
         <translation>카메라 여는 중</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PixelReader</name>
+    <message>
+        <source>%1 (%2-bit)</source>
+        <translation>%1 (%2비트)</translation>
     </message>
 </context>
 <context>

@@ -37,6 +37,41 @@
     </message>
 </context>
 <context>
+    <name>VantoViewer::ConversionEngine</name>
+    <message>
+        <source>Pixel format %1 can&apos;t be shown.</source>
+        <translation>无法显示像素格式 %1。</translation>
+    </message>
+    <message>
+        <source>The %1 frame holds no image (%2 × %3).</source>
+        <translation>%1 帧中没有图像（%2 × %3）。</translation>
+    </message>
+    <message>
+        <source>A frame of %1 × %2 is too large to be shown.</source>
+        <translation>%1 × %2 的帧太大，无法显示。</translation>
+    </message>
+    <message>
+        <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
+        <translation>帧只有 %1 字节；%2 × %3 的 %4 图像需要 %5 字节。</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width and height; the frame is %2 × %3.</source>
+        <translation>%1 需要偶数的宽度和高度；该帧为 %2 × %3。</translation>
+    </message>
+    <message>
+        <source>%1 needs an even width; the frame is %2 × %3.</source>
+        <translation>%1 需要偶数的宽度；该帧为 %2 × %3。</translation>
+    </message>
+    <message>
+        <source>There is no memory for an image of %1 × %2.</source>
+        <translation>没有足够的内存存放 %1 × %2 的图像。</translation>
+    </message>
+    <message>
+        <source>The conversion of %1 failed.</source>
+        <translation>%1 的转换失败。</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::DevicesPane</name>
     <message>
         <source>%1 (lost)</source>
@@ -265,6 +300,21 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::ImageWriter</name>
+    <message>
+        <source>Unknown image file format %1.</source>
+        <translation>未知的图像文件格式 %1。</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>无法写入 %1: %2</translation>
+    </message>
+    <message>
+        <source>The frame holds no bytes.</source>
+        <translation>帧中没有数据。</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::MainWindow</name>
     <message>
         <source>Devices</source>
@@ -369,6 +419,13 @@ Transport: %3</source>
     <message>
         <source>Opening Camera</source>
         <translation>正在打开相机</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::PixelReader</name>
+    <message>
+        <source>%1 (%2-bit)</source>
+        <translation>%1（%2 位）</translation>
     </message>
 </context>
 <context>

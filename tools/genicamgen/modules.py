@@ -143,36 +143,15 @@ ic = new("NodescopeImageFormatConverter", "Parameters of the conversion of grabb
 ic.category("Root", None, "Root category of the image format converter node map.", display="Root")
 C = "ImageFormatConverterControl"
 ic.category(C, "Root", "Output format and conversion parameters.", display="Image Format Converter")
-ic.enum(C, "OutputPixelFormat", "Pixel format of the converted images.",
-        [E("Mono8", 0x01080001, "Monochrome, 8 bits per pixel."), E("Mono16", 0x01100007, "Monochrome, 16 bits per pixel."),
-         E("RGB8", 0x02180014, "RGB, 8 bits per component."), E("BGR8", 0x02180015, "BGR, 8 bits per component."),
-         E("RGBa8", 0x02200016, "RGB with alpha, 8 bits per component."),
-         E("BGRa8", 0x02200017, "BGR with alpha, 8 bits per component."),
-         E("RGB16", 0x02300033, "RGB, 16 bits per component."),
-         E("YCbCr422_8", 0x0210003B, "YCbCr 4:2:2, 8 bits per component.", display="YCbCr 4:2:2 8")],
-        default="BGRa8")
-ic.enum(C, "OutputBitAlignment", "Alignment of the pixel data in 16-bit output formats.",
-        [E("MsbAligned", 0, "Data is shifted to the most significant bits.", display="MSB Aligned"),
-         E("LsbAligned", 1, "Data stays in the least significant bits.", display="LSB Aligned")],
-        vis="Expert", default="MsbAligned")
-ic.enum(C, "MonoConversionMethod", "How monochrome images with more than 8 bits are converted to 8 bits.",
-        [E("Truncate", 0, "The least significant bits are dropped."),
-         E("Gamma", 1, "A gamma curve set by Gamma is applied."),
-         E("VntMinMaxStretch", 2, "The range between darkest and brightest pixel is stretched.", display="Min-Max Stretch")],
-        vis="Expert", default="Truncate")
-ic.swissknife(C, "VntGammaConversion", [("M", "MonoConversionMethodReg")], "M = 1",
-              "Gamma only applies to the Gamma conversion method.")
-ic.float(C, "Gamma", "Gamma value of the conversion.", min=0.1, max=10.0, repr="PureNumber", notation="Fixed", precision=2,
-         avail="VntGammaConversion", vis="Expert", default=1.0)
-ic.enum(C, "InconvertibleEdgeHandling", "How the border pixels of Bayer images, which lack neighbours for interpolation, are handled.",
-        [E("SetZero", 0, "Border pixels are black."), E("Clip", 1, "Border pixels are removed; the image gets smaller."),
-         E("Extend", 2, "Border pixels are interpolated from the available neighbours.")], vis="Expert", default="SetZero")
-ic.enum(C, "VntDemosaicingMethod", "Interpolation used to convert Bayer images to color.",
-        [E("Simple", 0, "Fast bilinear interpolation."), E("HighQuality", 1, "Edge-aware interpolation.")],
-        vis="Expert", default="Simple")
-ic.enum(C, "VntOutputOrientation", "Row order of the converted image.",
-        [E("Unchanged", 0, "Same as the source."), E("TopDown", 1, "First row at the top."),
-         E("BottomUp", 2, "First row at the bottom.")], vis="Guru", default="Unchanged")
-ic.integer(C, "VntMaxNumThreads", "Maximum number of threads used for the conversion.", min=1, max=64, vis="Guru", default=4)
-ic.integer(C, "VntOutputPaddingX", "Number of padding bytes added at the end of each row.", min=0, max=64, unit="B",
-           vis="Guru", default=0)
+# Only what the display conversion really does: its output format and a gamma curve.
+# Demosaicing has one method (swscale's bilinear), so it has no feature.
+ic.enum(C, "OutputPixelFormat",
+        "Pixel format of the displayed image: colour frames in colour (RGB8) or as their luminance (Mono8). "
+        "Monochrome frames are always shown in grey.",
+        [E("Mono8", 0x01080001, "Grey levels; colour frames show their luminance."),
+         E("RGB8", 0x02180014, "RGB, 8 bits per component.")],
+        default="RGB8")
+ic.float(C, "Gamma",
+         "Gamma curve of the displayed values, normalised to 0 to 1: output = input ^ Gamma. "
+         "1 leaves them unchanged; below 1 brightens the dark tones.",
+         min=0.1, max=10.0, repr="PureNumber", notation="Fixed", precision=2, vis="Expert", default=1.0)
