@@ -16,6 +16,14 @@ QImage filled(int width, int height, QColor colour)
     return image;
 }
 
+// Shown on the (offscreen) screen at this size.
+bool showAt(ImageView& view, int width, int height)
+{
+    view.resize(width, height);
+    view.show();
+    return QTest::qWaitForWindowExposed(&view);
+}
+
 void wheel(ImageView& view, const QPointF& at, int notches, Qt::KeyboardModifiers modifiers)
 {
     QWheelEvent event(at, view.mapToGlobal(at.toPoint()), QPoint(), QPoint(0, notches * 120),
@@ -40,9 +48,7 @@ private Q_SLOTS:
     {
         // Given a 400 x 400 view
         ImageView view;
-        view.resize(400, 400);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(showAt(view, 400, 400));
 
         // When a wide image arrives
         view.setImage(filled(200, 100, Qt::red));
@@ -62,9 +68,7 @@ private Q_SLOTS:
     void actualSizeShowsOneScreenPixelPerImagePixel()
     {
         ImageView view;
-        view.resize(400, 300);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(showAt(view, 400, 300));
         view.setImage(filled(1000, 800, Qt::red));
         QVERIFY(view.zoom() < 1.0);
 
@@ -88,9 +92,7 @@ private Q_SLOTS:
     void ctrlWheelZoomKeepsThePixelUnderTheCursor()
     {
         ImageView view;
-        view.resize(400, 400);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(showAt(view, 400, 400));
         view.setImage(filled(200, 200, Qt::green));
         const QPointF cursor(123.0, 301.0);
         mouse(view, QEvent::MouseMove, cursor, Qt::NoButton);
@@ -114,8 +116,7 @@ private Q_SLOTS:
     void wheelWithoutCtrlDoesNotZoom()
     {
         ImageView view;
-        view.resize(400, 400);
-        view.show();
+        QVERIFY(showAt(view, 400, 400));
         view.setImage(filled(200, 200, Qt::green));
 
         wheel(view, QPointF(10, 10), 2, Qt::NoModifier);
@@ -127,8 +128,7 @@ private Q_SLOTS:
     void dragPansTheImage()
     {
         ImageView view;
-        view.resize(400, 400);
-        view.show();
+        QVERIFY(showAt(view, 400, 400));
         view.setImage(filled(200, 200, Qt::green));
         view.showActualSize();
         const QPointF start = view.viewPointOf(QPointF(0, 0));
@@ -145,8 +145,7 @@ private Q_SLOTS:
     void reportsThePixelUnderTheCursorAndWhenItLeavesTheImage()
     {
         ImageView view;
-        view.resize(400, 400);
-        view.show();
+        QVERIFY(showAt(view, 400, 400));
         view.setImage(filled(200, 100, Qt::green)); // shown at (0, 100) to (400, 300)
         QSignalSpy hovered(&view, &ImageView::hoveredPixelChanged);
 
@@ -163,9 +162,7 @@ private Q_SLOTS:
     void aBurstOfImagesPaintsOnlyTheLatest()
     {
         ImageView view;
-        view.resize(64, 64);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(showAt(view, 64, 64));
         QSignalSpy painted(&view, &ImageView::imagePainted);
 
         // Faster than any screen: nothing reaches the event loop in between.
@@ -185,8 +182,7 @@ private Q_SLOTS:
     void aMessageReplacesTheImage()
     {
         ImageView view;
-        view.resize(200, 100);
-        view.show();
+        QVERIFY(showAt(view, 200, 100));
         view.setImage(filled(8, 8, Qt::red));
 
         view.setMessage(QStringLiteral("Pixel format 0x1 can't be shown"));
