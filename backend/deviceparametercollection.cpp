@@ -70,6 +70,13 @@ void DeviceParameterCollection::runOnDeviceThread(const std::function<void(Devic
         worker, [worker, &job] { job(*worker); }, Qt::BlockingQueuedConnection);
 }
 
+void DeviceParameterCollection::postToDeviceThread(std::function<void(DeviceWorker&)> job)
+{
+    DeviceWorker* worker = m_worker;
+    QMetaObject::invokeMethod(
+        worker, [worker, job = std::move(job)] { job(*worker); }, Qt::QueuedConnection);
+}
+
 void DeviceParameterCollection::waitForDevice()
 {
     // Queued signals from the worker that were sent before the no-op ran are delivered by the

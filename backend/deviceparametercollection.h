@@ -70,6 +70,8 @@ public:
     NodeMapStructurePtr structure(const QString& nodeMapName) const;
     // Runs `job` on the device thread and waits for it; for tests, tools and benchmarks.
     void runOnDeviceThread(const std::function<void(DeviceWorker&)>& job);
+    // Queues `job` for the device thread and returns at once.
+    void postToDeviceThread(std::function<void(DeviceWorker&)> job);
     // Waits until every job queued so far has run and its results have arrived.
     void waitForDevice();
     // The same for at most `timeoutMs`, with the event loop running; false when the device

@@ -13,6 +13,9 @@ namespace Backend {
 // pixel depends on is here, so that rendering needs no device access and can run on the
 // stream's own thread, and so that a test can compute any pixel from the same values.
 struct SimulatedImageSettings {
+    // How binned sensor pixels combine (BinningHorizontalMode, BinningVerticalMode).
+    enum class Binning { Sum, Average };
+
     quint32 width = 0;
     quint32 height = 0;
     quint32 offsetX = 0;
@@ -24,6 +27,8 @@ struct SimulatedImageSettings {
     double exposureUs = 0.0;
     double gainDb = 0.0;
     double frameRateHz = 0.0; // 0: as fast as the consumer takes them
+    Binning binningHorizontalMode = Binning::Sum;
+    Binning binningVerticalMode = Binning::Sum;
 };
 
 // Renders the images of simulated cameras from formulas (documented in the .cpp), bit-exact
@@ -35,6 +40,13 @@ public:
     // Gain, AcquisitionFrameRate); what a description lacks keeps its default. False with
     // `error` set when the image can't be made, e.g. an unsupported pixel format.
     static bool settingsOf(ArvGc* genicam, SimulatedImageSettings* settings, QString* error);
+
+    // Whether render() knows the PFNC format, and the format's name in PixelFormat.
+    static bool supports(quint32 pixelFormat);
+    static QString formatName(quint32 pixelFormat);
+
+    // The exposure at which the simulated scene shows its nominal brightness.
+    static constexpr double REFERENCE_EXPOSURE_US = 10000.0;
 
     // Bytes of one image; 0 for an unsupported format.
     static std::size_t payloadSize(const SimulatedImageSettings& settings);

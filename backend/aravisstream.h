@@ -1,0 +1,68 @@
+#pragma once
+
+#include "framepool.h"
+#include "stream.h"
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+typedef struct _ArvDevice ArvDevice;
+typedef struct _ArvStream ArvStream;
+typedef struct _ArvBuffer ArvBuffer;
+
+namespace Backend {
+
+class FrameSink;
+struct StreamCounters;
+
+// The stream of a GigE Vision or USB3 Vision device: Aravis's ArvStream, with buffers that
+// this class allocates once per open. Frames refer to the ArvBuffer's bytes (no copy); a
+// buffer goes back to the stream once no consumer holds its frame. A thread of our own pops
+// the buffers, hands them out and takes the released ones back.
+class AravisStream : public Stream {
+public:
+    // How long a pop waits before the thread looks for released buffers anyway.
+    static constexpr quint64 POP_TIMEOUT_US = 20000;
+
+    AravisStream(ArvDevice* device, std::shared_ptr<FrameSink> sink,
+                 std::shared_ptr<StreamCounters> counters);
+    ~AravisStream() override;
+
+    bool open(const Options& options, QString* error) override;
+    void close() override;
+    bool isOpen() const override { return m_stream != nullptr; }
+    bool countsPackets() const override;
+    void applyTransport(const Options& options) override;
+    void resetStatistics() override;
+
+private:
+    struct Baseline {
+        quint64 completed = 0;
+        quint64 failures = 0;
+        quint64 underruns = 0;
+        quint64 packets = 0;
+        quint64 missingPackets = 0;
+        quint64 resendRequests = 0;
+        quint64 resentPackets = 0;
+        quint64 missedFrames = 0;
+    };
+
+    void run();
+    void handle(ArvBuffer* buffer);
+    void updateCounters();
+    Baseline readStatistics() const;
+
+    ArvDevice* m_device; // the device worker's; outlives the stream
+    std::shared_ptr<FrameSink> m_sink;
+    std::shared_ptr<StreamCounters> m_counters;
+    ArvStream* m_stream = nullptr;
+    std::unique_ptr<FramePool> m_pool;
+    std::thread m_thread;
+    std::atomic<bool> m_running{false};
+    std::atomic<bool> m_resetPending{false};
+    Baseline m_baseline; // the stream thread's, or the device thread's while it is stopped
+    quint64 m_bytes = 0;
+};
+
+} // namespace Backend
