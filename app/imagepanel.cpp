@@ -17,7 +17,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -37,34 +37,41 @@ const QString SEPARATOR = QStringLiteral("   ·   ");
 
 ImagePanel::ImagePanel(QWidget* parent)
     : QWidget(parent), m_actions(new AcquisitionActions(this)), m_toolBar(new QToolBar(this)),
-      m_view(new ImageView(this)), m_cursorLabel(new QLabel(this)), m_statusLabel(new QLabel(this)),
-      m_saveImage(new QAction(tr("Save Image..."), this)), m_fit(new QAction(tr("Fit"), this)),
-      m_actualSize(new QAction(tr("100 %"), this)), m_meterTimer(new QTimer(this))
+      m_view(new ImageView(this)), m_frameLabel(new QLabel(this)), m_cursorLabel(new QLabel(this)),
+      m_statusLabel(new QLabel(this)), m_saveImage(new QAction(tr("Save Image..."), this)),
+      m_fit(new QAction(tr("Fit"), this)), m_actualSize(new QAction(tr("100 %"), this)),
+      m_meterTimer(new QTimer(this))
 {
     setObjectName(QStringLiteral("VantoViewer.ImagePanel"));
     buildToolBar();
+    m_frameLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Frame"));
     m_cursorLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Cursor"));
     m_statusLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Status"));
-    m_statusLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_cursorLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_cursorLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // A longer text never widens the panel: the view would change size under the cursor.
-    m_cursorLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_statusLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    // A longer text never changes the panel's size: the view would move under the cursor.
+    for (QLabel* label : {m_frameLabel, m_cursorLabel, m_statusLabel}) {
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
 
-    auto* statusLine = new QHBoxLayout;
-    statusLine->setContentsMargins(6, 2, 6, 2);
-    statusLine->addWidget(m_cursorLabel, 1);
-    statusLine->addWidget(m_statusLabel, 3);
+    auto* statusLines = new QGridLayout;
+    statusLines->setContentsMargins(6, 2, 6, 2);
+    statusLines->setVerticalSpacing(0);
+    statusLines->addWidget(m_frameLabel, 0, 0);
+    statusLines->addWidget(m_cursorLabel, 0, 1);
+    statusLines->addWidget(m_statusLabel, 1, 0, 1, 2);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_toolBar);
     layout->addWidget(m_view, 1);
-    layout->addLayout(statusLine);
+    layout->addLayout(statusLines);
 
     connect(m_view, &ImageView::hoveredPixelChanged, this, &ImagePanel::updateCursorText);
-    connect(m_actions, &AcquisitionActions::failed, this,
-            [this](const QString& message) { m_statusLabel->setText(message); });
+    connect(m_actions, &AcquisitionActions::failed, this, [this](const QString& message) {
+        m_actionError = message;
+        updateStatus();
+    });
     connect(m_meterTimer, &QTimer::timeout, this, [this]() {
         if (m_acquisition) {
             m_meter.sample(m_acquisition->statistics(), m_view->paintedCount(), m_clock.elapsed());
@@ -266,7 +273,9 @@ void ImagePanel::resetMeter()
 
 QString ImagePanel::statusText() const
 {
-    return m_statusLabel->text();
+    QStringList lines{m_frameLabel->text(), m_statusLabel->text()};
+    lines.removeAll(QString());
+    return lines.join(SEPARATOR);
 }
 
 QString ImagePanel::cursorText() const
@@ -277,6 +286,9 @@ QString ImagePanel::cursorText() const
 void ImagePanel::updateStatus()
 {
     QStringList parts;
+    if (!m_actionError.isEmpty()) {
+        parts << m_actionError;
+    }
     if (m_acquisition) {
         if (m_meter.hasRates()) {
             parts << tr("%1 fps received, %2 fps displayed, %3 MB/s")
@@ -287,15 +299,21 @@ void ImagePanel::updateStatus()
         parts << tr("incomplete %1").arg(m_meter.incomplete())
               << tr("dropped for display %1").arg(m_meter.droppedForDisplay());
     }
-    if (m_shownFrame) {
-        parts << tr("%1, %2 × %3 pixels")
-                     .arg(Plugin::Acquisition::PixelFormat::name(m_shownFrame->pixelFormat()))
-                     .arg(m_shownFrame->width())
-                     .arg(m_shownFrame->height());
-    }
-    const QString text = parts.join(SEPARATOR);
-    if (text != m_statusLabel->text()) {
-        m_statusLabel->setText(text);
+    setText(m_statusLabel, parts.join(SEPARATOR));
+    setText(m_frameLabel,
+            m_shownFrame
+                ? tr("%1, %2 × %3 pixels")
+                      .arg(Plugin::Acquisition::PixelFormat::name(m_shownFrame->pixelFormat()))
+                      .arg(m_shownFrame->width())
+                      .arg(m_shownFrame->height())
+                : QString());
+}
+
+void ImagePanel::setText(QLabel* label, const QString& text)
+{
+    // Unchanged texts are not set again: every frame would lay the labels out anew.
+    if (label->text() != text) {
+        label->setText(text);
     }
 }
 
@@ -308,9 +326,7 @@ void ImagePanel::updateCursorText(const QPoint& pixel)
             text = tr("x %1, y %2: %3").arg(pixel.x()).arg(pixel.y()).arg(value.text());
         }
     }
-    if (text != m_cursorLabel->text()) {
-        m_cursorLabel->setText(text);
-    }
+    setText(m_cursorLabel, text);
 }
 
 bool ImagePanel::saveImage(const QString& path, ImageWriter::Format format, QString* error) const

@@ -91,6 +91,7 @@ private:
     void resetMeter();
     void updateStatus();
     void updateCursorText(const QPoint& pixel);
+    static void setText(QLabel* label, const QString& text);
     void askAndSave();
 
     QPointer<Plugin::Acquisition::IAcquisitionService> m_acquisitions;
@@ -109,9 +110,11 @@ private:
     FrameKey m_submitted;
     Plugin::Acquisition::FramePtr m_shownFrame;
     QString m_conversionError;
+    QString m_actionError;         // shown until the next frame
     AcquisitionActions* m_actions; // child
     QToolBar* m_toolBar;           // child
     ImageView* m_view;             // child
+    QLabel* m_frameLabel;          // child
     QLabel* m_cursorLabel;         // child
     QLabel* m_statusLabel;         // child
     QAction* m_saveImage;          // child

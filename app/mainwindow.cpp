@@ -13,6 +13,7 @@
 #include "windowservice.h"
 
 #include <appcore/appcoreconstants.h>
+#include <acquisitionservice.h>
 #include <appcore/idockpanelfactory.h>
 #include <camerapool.h>
 #include <core/iplugininitializer.h>
@@ -59,6 +60,8 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
       m_windowService(QSharedPointer<WindowService>::create(this)),
       m_menuService(QSharedPointer<MenuService>::create(menuBar())),
       m_instantiationService(QSharedPointer<FeatureInstantiationService>::create()),
+      m_acquisitionService(
+          m_pool ? QSharedPointer<Backend::AcquisitionService>::create(m_pool.data()) : nullptr),
       m_devicesDock(new QDockWidget(tr("Devices"), this)),
       m_devicesPane(new DevicesPane(m_devicesDock)),
       m_visibilityToolBar(new VisibilityToolBar(this)), m_statusBar(new FeatureStatusBar(this))
@@ -162,7 +165,7 @@ void MainWindow::createCameraActions()
 void MainWindow::createImagePanels()
 {
     m_imagePanel = new ImagePanel(this);
-    m_imagePanel->setServices(nullptr, m_pool.data());
+    m_imagePanel->setServices(m_acquisitionService.data(), m_pool.data());
     setCentralWidget(m_imagePanel);
     // The acquisition's tool bar sits in the window's tool bar row, where it has the room.
     addToolBar(Qt::TopToolBarArea, m_imagePanel->toolBar());
@@ -263,6 +266,9 @@ QList<QSharedPointer<Core::Service::IService>> MainWindow::hostServices() const
                                                             m_instantiationService};
     if (m_pool) {
         services.append(m_pool);
+    }
+    if (m_acquisitionService) {
+        services.append(m_acquisitionService);
     }
     return services;
 }

@@ -16,6 +16,7 @@ class QDockWidget;
 class QMenu;
 
 namespace Backend {
+class AcquisitionService;
 class CameraInfo;
 class CameraPool;
 } // namespace Backend
@@ -132,6 +133,7 @@ private:
     QSharedPointer<WindowService> m_windowService;
     QSharedPointer<MenuService> m_menuService;
     QSharedPointer<FeatureInstantiationService> m_instantiationService;
+    QSharedPointer<Backend::AcquisitionService> m_acquisitionService; // each camera's stream
     QPointer<Plugin::FeatureTree::IFeatureTreeControlService> m_controlService;
     QHash<Plugin::AppCore::IDockPanelFactory*, QDockWidget*> m_panelDocks; // children
     QDockWidget* m_devicesDock;                                            // child

@@ -6,7 +6,9 @@
 #include "syntheticacquisition.h"
 
 #include <acquisition/pixelformat.h>
+#include <acquisitionservice.h>
 #include <camerapool.h>
+#include <parametercollection/iparametercollection.h>
 
 #include <QAction>
 #include <QApplication>
@@ -42,6 +44,13 @@ FramePtr mono8Frame(quint32 width, quint32 height, char value, quint64 frameId =
 {
     return syntheticFrame(PixelFormat::Mono8, width, height, QByteArray(int(width * height), value),
                           frameId);
+}
+
+// The built-in camera's grey horizontal ramp in Mono8: (((x << 6) & 0xFFFF) >> 8), the
+// simulated camera's documented formula at offset 0 without binning.
+quint32 rampValue(quint32 x)
+{
+    return ((x << 6) & 0xFFFF) >> 8;
 }
 
 void hover(ImageView* view, const QPoint& pixel)
@@ -234,6 +243,116 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(),
                  QByteArray(reinterpret_cast<const char*>(frame->data()), int(frame->size())));
+    }
+
+    // End to end: the built-in camera's own stream, through the backend's acquisition.
+    void continuousShotShowsTheTestPatternAndAWidthChange()
+    {
+        Backend::AcquisitionService service(m_pool.data());
+        ImagePanel panel;
+        panel.setServices(&service, m_pool.data());
+        panel.resize(800, 600);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        panel.setActiveDevice(m_first);
+        const auto collection = m_pool->getParameterCollection(m_first);
+        collection->getParameter(QStringLiteral("@CameraDevice/PixelFormat"))
+            ->setValue(QStringLiteral("Mono8"));
+        collection->getParameter(QStringLiteral("@CameraDevice/TestPattern"))
+            ->setValue(QStringLiteral("GreyHorizontalRamp"));
+        QTRY_COMPARE(collection->getParameter(QStringLiteral("@CameraDevice/TestPattern"))
+                         ->getParameterData()
+                         ->value.toString(),
+                     QStringLiteral("GreyHorizontalRamp"));
+
+        // When Continuous Shot is pressed
+        panel.acquisitionActions()->continuousShot()->trigger();
+
+        // Then frames of the ramp show, pixel for pixel
+        QTRY_VERIFY_WITH_TIMEOUT(panel.view()->paintedCount() >= 2, 20000);
+        const FramePtr frame = panel.shownFrame();
+        QVERIFY(frame);
+        QCOMPARE(frame->pixelFormat(), PixelFormat::Mono8);
+        QCOMPARE(panel.view()->image().width(), int(frame->width()));
+        for (quint32 y : {quint32(0), frame->height() / 2, frame->height() - 1}) {
+            for (quint32 x = 0; x < frame->width(); ++x) {
+                QCOMPARE(quint32(frame->data()[y * frame->width() + x]), rampValue(x));
+            }
+        }
+        hover(panel.view(), QPoint(301, 17));
+        QTRY_VERIFY(
+            panel.cursorText().startsWith(QStringLiteral("x 301, y 17: %1 ").arg(rampValue(301))));
+
+        // and after Stop and a new Width, the next frames have the new width
+        panel.acquisitionActions()->stop()->trigger();
+        const auto acquisition = service.getAcquisition(m_first);
+        QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+        collection->getParameter(QStringLiteral("@CameraDevice/Width"))->setValue(qint64(640));
+        QTRY_COMPARE(collection->getParameter(QStringLiteral("@CameraDevice/Width"))
+                         ->getParameterData()
+                         ->value.toLongLong(),
+                     qint64(640));
+        panel.acquisitionActions()->continuousShot()->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(panel.shownFrame() && panel.shownFrame()->width() == 640, 20000);
+        QCOMPARE(panel.view()->image().width(), 640);
+        QTRY_VERIFY(panel.statusText().contains(QStringLiteral("Mono8, 640 × ")));
+        panel.acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+    }
+
+    void stopStopsTheFrameCount()
+    {
+        Backend::AcquisitionService service(m_pool.data());
+        ImagePanel panel;
+        panel.setServices(&service, m_pool.data());
+        panel.show();
+        panel.setActiveDevice(m_first);
+        IAcquisition* acquisition = service.getAcquisition(m_first);
+        QVERIFY(acquisition);
+        panel.acquisitionActions()->continuousShot()->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(panel.view()->paintedCount() >= 3, 20000);
+
+        panel.acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+        const auto counted = acquisition->statistics();
+        QSignalSpy frames(acquisition, &IAcquisition::frameReady);
+
+        // No frame comes any more, and none is counted.
+        QVERIFY(!frames.wait(2000));
+        QCOMPARE(acquisition->statistics().completed, counted.completed);
+        QCOMPARE(acquisition->statistics().incomplete, counted.incomplete);
+        QVERIFY(counted.completed >= 3);
+        QVERIFY(panel.acquisitionActions()->continuousShot()->isEnabled());
+        QVERIFY(!panel.acquisitionActions()->stop()->isEnabled());
+    }
+
+    void softwareTriggerGivesOneFrame()
+    {
+        Backend::AcquisitionService service(m_pool.data());
+        ImagePanel panel;
+        panel.setServices(&service, m_pool.data());
+        panel.show();
+        panel.setActiveDevice(m_first);
+        const auto collection = m_pool->getParameterCollection(m_first);
+        collection->getParameter(QStringLiteral("@CameraDevice/TriggerSelector"))
+            ->setValue(QStringLiteral("FrameStart"));
+        collection->getParameter(QStringLiteral("@CameraDevice/TriggerSource"))
+            ->setValue(QStringLiteral("Software"));
+        collection->getParameter(QStringLiteral("@CameraDevice/TriggerMode"))
+            ->setValue(QStringLiteral("On"));
+        QTRY_VERIFY(panel.acquisitionActions()->softwareTrigger()->isEnabled());
+        IAcquisition* acquisition = service.getAcquisition(m_first);
+        panel.acquisitionActions()->continuousShot()->trigger();
+        QTRY_COMPARE(acquisition->state(), IAcquisition::Acquiring);
+        QCOMPARE(acquisition->statistics().completed, quint64(0));
+
+        QSignalSpy painted(panel.view(), &ImageView::imagePainted);
+        panel.acquisitionActions()->softwareTrigger()->trigger();
+
+        QVERIFY(painted.wait(10000));
+        QCOMPARE(acquisition->statistics().completed, quint64(1));
+        panel.acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
     }
 
     void withoutAStreamSaysSo()
