@@ -32,34 +32,34 @@ using Plugin::Acquisition::IAcquisition;
 
 namespace {
 constexpr char CONVERTER_ROOT[] = "@ImageFormatConverter/Root";
-const QString SEPARATOR = QStringLiteral("   ·   ");
 } // namespace
 
 ImagePanel::ImagePanel(QWidget* parent)
     : QWidget(parent), m_actions(new AcquisitionActions(this)), m_toolBar(new QToolBar(this)),
       m_view(new ImageView(this)), m_frameLabel(new QLabel(this)), m_cursorLabel(new QLabel(this)),
-      m_statusLabel(new QLabel(this)), m_saveImage(new QAction(tr("Save Image..."), this)),
-      m_fit(new QAction(tr("Fit"), this)), m_actualSize(new QAction(tr("100 %"), this)),
-      m_meterTimer(new QTimer(this))
+      m_ratesLabel(new QLabel(this)), m_countsLabel(new QLabel(this)),
+      m_saveImage(new QAction(tr("Save Image..."), this)), m_fit(new QAction(tr("Fit"), this)),
+      m_actualSize(new QAction(tr("100 %"), this)), m_meterTimer(new QTimer(this))
 {
     setObjectName(QStringLiteral("VantoViewer.ImagePanel"));
     buildToolBar();
     m_frameLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Frame"));
+    m_ratesLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Rates"));
     m_cursorLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Cursor"));
-    m_statusLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Status"));
-    m_cursorLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_countsLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Counts"));
     m_cursorLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // A longer text never changes the panel's size: the view would move under the cursor.
-    for (QLabel* label : {m_frameLabel, m_cursorLabel, m_statusLabel}) {
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    }
-
+    // Two lines of two: what the frame is and how fast frames come, then the pixel under the
+    // cursor and what was lost. A longer text never changes the panel's size: the view would
+    // move under the cursor.
     auto* statusLines = new QGridLayout;
     statusLines->setContentsMargins(6, 2, 6, 2);
     statusLines->setVerticalSpacing(0);
-    statusLines->addWidget(m_frameLabel, 0, 0);
-    statusLines->addWidget(m_cursorLabel, 0, 1);
-    statusLines->addWidget(m_statusLabel, 1, 0, 1, 2);
+    const QList<QLabel*> labels{m_frameLabel, m_ratesLabel, m_cursorLabel, m_countsLabel};
+    for (int i = 0; i < labels.size(); ++i) {
+        labels.at(i)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        labels.at(i)->setAlignment((i % 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        statusLines->addWidget(labels.at(i), i / 2, i % 2);
+    }
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -273,9 +273,9 @@ void ImagePanel::resetMeter()
 
 QString ImagePanel::statusText() const
 {
-    QStringList lines{m_frameLabel->text(), m_statusLabel->text()};
-    lines.removeAll(QString());
-    return lines.join(SEPARATOR);
+    QStringList parts{m_frameLabel->text(), m_ratesLabel->text(), m_countsLabel->text()};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(" · "));
 }
 
 QString ImagePanel::cursorText() const
@@ -285,21 +285,21 @@ QString ImagePanel::cursorText() const
 
 void ImagePanel::updateStatus()
 {
-    QStringList parts;
-    if (!m_actionError.isEmpty()) {
-        parts << m_actionError;
-    }
+    QString rates = m_actionError;
+    QString counts;
     if (m_acquisition) {
-        if (m_meter.hasRates()) {
-            parts << tr("%1 fps received, %2 fps displayed, %3 MB/s")
-                         .arg(m_meter.receivedFps(), 0, 'f', 1)
-                         .arg(m_meter.displayedFps(), 0, 'f', 1)
-                         .arg(m_meter.megabytesPerSecond(), 0, 'f', 1);
+        if (rates.isEmpty() && m_meter.hasRates()) {
+            rates = tr("%1 fps received, %2 displayed, %3 MB/s")
+                        .arg(m_meter.receivedFps(), 0, 'f', 1)
+                        .arg(m_meter.displayedFps(), 0, 'f', 1)
+                        .arg(m_meter.megabytesPerSecond(), 0, 'f', 1);
         }
-        parts << tr("incomplete %1").arg(m_meter.incomplete())
-              << tr("dropped for display %1").arg(m_meter.droppedForDisplay());
+        counts = tr("incomplete %1, dropped for display %2")
+                     .arg(m_meter.incomplete())
+                     .arg(m_meter.droppedForDisplay());
     }
-    setText(m_statusLabel, parts.join(SEPARATOR));
+    setText(m_ratesLabel, rates);
+    setText(m_countsLabel, counts);
     setText(m_frameLabel,
             m_shownFrame
                 ? tr("%1, %2 × %3 pixels")

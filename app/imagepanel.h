@@ -116,7 +116,8 @@ private:
     ImageView* m_view;             // child
     QLabel* m_frameLabel;          // child
     QLabel* m_cursorLabel;         // child
-    QLabel* m_statusLabel;         // child
+    QLabel* m_ratesLabel;          // child
+    QLabel* m_countsLabel;         // child
     QAction* m_saveImage;          // child
     QAction* m_fit;                // child
     QAction* m_actualSize;         // child

@@ -272,7 +272,8 @@ int main(int argc, char** argv)
         if (tree) {
             watcher = new VantoViewer::FilledViewWatcher(tree, shown); // child of the window
         }
-        const auto saveAndQuit = [&saved, &giveUp, &result, &err, shown, file, watcher]() {
+        const bool live = commandLine.live();
+        const auto saveAndQuit = [&saved, &giveUp, &result, &err, shown, file, watcher, live]() {
             if (saved) {
                 return;
             }
@@ -280,6 +281,9 @@ int main(int argc, char** argv)
             giveUp.stop();
             if (!watcher || !watcher->hasSeenFilledPaint()) {
                 err << "vantoviewer: the features did not show up; saving the window anyway\n";
+            }
+            if (live && shown->imagePanel()->view()->paintedCount() == 0) {
+                err << "vantoviewer: no image was shown; saving the window anyway\n";
             }
             if (!shown->grab().save(file)) {
                 err << "vantoviewer: cannot write " << file << "\n";

@@ -255,18 +255,6 @@ Transport: %3</translation>
         <translation>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</translation>
     </message>
     <message>
-        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
-        <translation>%1 fps received, %2 fps displayed, %3 MB/s</translation>
-    </message>
-    <message>
-        <source>incomplete %1</source>
-        <translation>incomplete %1</translation>
-    </message>
-    <message>
-        <source>dropped for display %1</source>
-        <translation>dropped for display %1</translation>
-    </message>
-    <message>
         <source>%1, %2 × %3 pixels</source>
         <translation>%1, %2 × %3 pixels</translation>
     </message>
@@ -297,6 +285,14 @@ Transport: %3</translation>
     <message>
         <source>Cannot save %1: %2</source>
         <translation>Cannot save %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>%1 fps received, %2 displayed, %3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>incomplete %1, dropped for display %2</translation>
     </message>
 </context>
 <context>

@@ -255,18 +255,6 @@ Transport: %3</source>
         <translation>カメラの画像を見るには、連続ショット (%1) またはシングルショット (%2) を押してください。</translation>
     </message>
     <message>
-        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
-        <translation>受信 %1 fps、表示 %2 fps、%3 MB/s</translation>
-    </message>
-    <message>
-        <source>incomplete %1</source>
-        <translation>不完全 %1</translation>
-    </message>
-    <message>
-        <source>dropped for display %1</source>
-        <translation>表示で破棄 %1</translation>
-    </message>
-    <message>
         <source>%1, %2 × %3 pixels</source>
         <translation>%1、%2 × %3 ピクセル</translation>
     </message>
@@ -297,6 +285,14 @@ Transport: %3</source>
     <message>
         <source>Cannot save %1: %2</source>
         <translation>%1 を保存できません: %2</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>受信 %1 fps、表示 %2 fps、%3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>不完全 %1、表示で破棄 %2</translation>
     </message>
 </context>
 <context>

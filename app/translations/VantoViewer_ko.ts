@@ -255,18 +255,6 @@ Transport: %3</source>
         <translation>카메라 이미지를 보려면 연속 촬영 (%1) 또는 단일 촬영 (%2)을 누르십시오.</translation>
     </message>
     <message>
-        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
-        <translation>수신 %1 fps, 표시 %2 fps, %3 MB/s</translation>
-    </message>
-    <message>
-        <source>incomplete %1</source>
-        <translation>불완전 %1</translation>
-    </message>
-    <message>
-        <source>dropped for display %1</source>
-        <translation>표시에서 버림 %1</translation>
-    </message>
-    <message>
         <source>%1, %2 × %3 pixels</source>
         <translation>%1, %2 × %3 픽셀</translation>
     </message>
@@ -297,6 +285,14 @@ Transport: %3</source>
     <message>
         <source>Cannot save %1: %2</source>
         <translation>%1을(를) 저장할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>수신 %1 fps, 표시 %2 fps, %3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>불완전 %1, 표시에서 버림 %2</translation>
     </message>
 </context>
 <context>

@@ -255,18 +255,6 @@ Transport: %3</source>
         <translation>按连续采集 (%1) 或单帧采集 (%2) 查看相机图像。</translation>
     </message>
     <message>
-        <source>%1 fps received, %2 fps displayed, %3 MB/s</source>
-        <translation>接收 %1 fps，显示 %2 fps，%3 MB/s</translation>
-    </message>
-    <message>
-        <source>incomplete %1</source>
-        <translation>不完整 %1</translation>
-    </message>
-    <message>
-        <source>dropped for display %1</source>
-        <translation>显示丢弃 %1</translation>
-    </message>
-    <message>
         <source>%1, %2 × %3 pixels</source>
         <translation>%1，%2 × %3 像素</translation>
     </message>
@@ -297,6 +285,14 @@ Transport: %3</source>
     <message>
         <source>Cannot save %1: %2</source>
         <translation>无法保存 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>接收 %1 fps，显示 %2 fps，%3 MB/s</translation>
+    </message>
+    <message>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>不完整 %1，显示丢弃 %2</translation>
     </message>
 </context>
 <context>

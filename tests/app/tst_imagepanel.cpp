@@ -170,7 +170,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(m_panel->statusText().contains(QStringLiteral("fps received")),
                                  10000);
         QVERIFY(m_panel->statusText().contains(QStringLiteral("MB/s")));
-        QVERIFY(m_panel->statusText().contains(QStringLiteral("incomplete 0")));
+        QVERIFY(m_panel->statusText().contains(QStringLiteral("incomplete 0,")));
         const quint64 painted = m_panel->view()->paintedCount();
         QVERIFY(m_panel->statusText().contains(
             QStringLiteral("dropped for display %1").arg(5 - painted)));
