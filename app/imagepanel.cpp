@@ -54,11 +54,13 @@ ImagePanel::ImagePanel(QWidget* parent)
     auto* statusLines = new QGridLayout;
     statusLines->setContentsMargins(6, 2, 6, 2);
     statusLines->setVerticalSpacing(0);
+    statusLines->setColumnStretch(1, 1);
     const QList<QLabel*> labels{m_frameLabel, m_ratesLabel, m_cursorLabel, m_countsLabel};
     for (int i = 0; i < labels.size(); ++i) {
-        labels.at(i)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        labels.at(i)->setAlignment((i % 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        statusLines->addWidget(labels.at(i), i / 2, i % 2);
+        labels.at(i)->setMinimumWidth(1);
+        labels.at(i)->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+        statusLines->addWidget(labels.at(i), i / 2, i % 2 ? 2 : 0,
+                               (i % 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
