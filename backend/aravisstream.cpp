@@ -42,6 +42,7 @@ bool AravisStream::open(const Options& options, QString* error)
     applyTransport(options);
     const int count = qMax(options.bufferCount, 1);
     m_pool = std::make_unique<FramePool>(count, 0);
+    m_payloadSize = size_t(options.payloadSize);
     for (int i = 0; i < count; ++i) {
         ArvBuffer* buffer =
             arv_buffer_new_full(size_t(options.payloadSize), nullptr, GINT_TO_POINTER(i), nullptr);
@@ -156,6 +157,16 @@ void AravisStream::run()
         // behind the frames it has seen.
         updateCounters();
         m_pool->reclaim(giveBack);
+        // Consumers that keep frames must not leave the stream without buffers: the frames
+        // they keep leave the pool, and new buffers take their place.
+        while (m_pool->size() - m_pool->lentCount() < MIN_QUEUED_BUFFERS &&
+               m_pool->lentCount() > 1) {
+            const int index = m_pool->replaceOldestLent(0);
+            ArvBuffer* fresh =
+                arv_buffer_new_full(m_payloadSize, nullptr, GINT_TO_POINTER(index), nullptr);
+            m_pool->slot(index).buffer = std::shared_ptr<void>(fresh, g_object_unref);
+            arv_stream_push_buffer(stream, ARV_BUFFER(g_object_ref(fresh)));
+        }
     }
 }
 
@@ -164,7 +175,7 @@ void AravisStream::handle(ArvBuffer* buffer)
     const int index = GPOINTER_TO_INT(arv_buffer_get_user_data(buffer));
     // The slot holds a reference of its own: the pop's is not needed.
     g_object_unref(buffer);
-    if (index < 0 || index >= m_pool->size()) {
+    if (index < 0 || index >= m_pool->size() || m_pool->slot(index).buffer.get() != buffer) {
         return;
     }
     const ArvBufferStatus status = arv_buffer_get_status(buffer);

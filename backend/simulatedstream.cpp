@@ -188,11 +188,14 @@ void SimulatedStream::sendFrame(std::unique_lock<std::mutex>& lock)
     lock.unlock();
 
     m_pool->reclaim();
-    const int slot = m_pool->findFree();
+    int slot = m_pool->findFree();
+    if (slot < 0) {
+        // Consumers keep every buffer: they keep those frames, the stream gets a new buffer.
+        slot = m_pool->replaceOldestLent(m_pool->slot(0).bytes.size());
+    }
     const std::size_t bytes = SimulatedImage::payloadSize(settings);
     if (slot < 0) {
-        // Every buffer is held by a consumer: the device's frame finds no buffer.
-        ++m_counters->underruns;
+        ++m_counters->underruns; // no buffer at all
     } else if (bytes == 0 || bytes > m_pool->slot(slot).bytes.size()) {
         // The image no longer fits the buffers the stream was opened with.
         ++m_counters->incomplete;
