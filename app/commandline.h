@@ -11,7 +11,7 @@ namespace VantoViewer {
 // mistyped command never does something else in silence.
 class CommandLine {
 public:
-    enum class Mode { Window, Dump, Discover, Help, Version };
+    enum class Mode { Window, Dump, Grab, Discover, Help, Version };
 
     CommandLine();
 
@@ -31,6 +31,11 @@ public:
     QString screenshot() const;
     QString language() const;
     QString panel() const;
+    // --grab N: the frames to acquire (0 without --grab), the file the last one is saved to,
+    // and whether the node maps are printed afterwards.
+    int grabCount() const { return m_grabCount; }
+    QString saveImage() const;
+    bool dumpAfterGrab() const;
 
 private:
     bool fail(const QString& error);
@@ -46,7 +51,10 @@ private:
     QCommandLineOption m_screenshot;
     QCommandLineOption m_lang;
     QCommandLineOption m_panel;
+    QCommandLineOption m_grab;
+    QCommandLineOption m_saveImage;
     Mode m_mode = Mode::Window;
+    int m_grabCount = 0;
     QString m_error;
 };
 

@@ -9,6 +9,7 @@
 #include "visibilitytoolbar.h"
 #include "windowservice.h"
 
+#include <acquisitionservice.h>
 #include <appcore/appcoreconstants.h>
 #include <appcore/idockpanelfactory.h>
 #include <camerapool.h>
@@ -52,6 +53,9 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
       m_devicesPane(new DevicesPane(m_devicesDock)),
       m_visibilityToolBar(new VisibilityToolBar(this)), m_statusBar(new FeatureStatusBar(this))
 {
+    if (m_pool) {
+        m_acquisitionService = QSharedPointer<Backend::AcquisitionService>::create(m_pool.data());
+    }
     setObjectName(QStringLiteral("VantoViewerMainWindow"));
     setWindowTitle(tr("Vanto Viewer"));
     resize(DEFAULT_WIDTH, DEFAULT_HEIGHT);
@@ -201,6 +205,7 @@ QList<QSharedPointer<Core::Service::IService>> MainWindow::hostServices() const
                                                             m_instantiationService};
     if (m_pool) {
         services.append(m_pool);
+        services.append(m_acquisitionService);
     }
     return services;
 }

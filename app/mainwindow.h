@@ -16,6 +16,7 @@ class QDockWidget;
 class QMenu;
 
 namespace Backend {
+class AcquisitionService;
 class CameraInfo;
 class CameraPool;
 } // namespace Backend
@@ -124,6 +125,8 @@ private:
     void createCameraActions();
 
     QSharedPointer<Backend::CameraPool> m_pool;
+    // Each open camera's acquisition, offered to the plug-ins next to the pool.
+    QSharedPointer<Backend::AcquisitionService> m_acquisitionService;
     QSharedPointer<WindowService> m_windowService;
     QSharedPointer<MenuService> m_menuService;
     QSharedPointer<FeatureInstantiationService> m_instantiationService;
