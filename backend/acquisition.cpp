@@ -96,15 +96,14 @@ void Acquisition::finishStop()
     const quint64 generation = ++m_generation;
     std::shared_ptr<StreamChannel> channel = m_channel;
     std::shared_ptr<FrameSink> sink = m_sink;
-    m_collection->postToDeviceThread(
-        [channel, sink, generation, this](DeviceWorker& worker) {
-            channel->stop(worker, true);
-            sink->post([this, generation] {
-                if (generation == m_generation) {
-                    setState(Idle);
-                }
-            });
+    m_collection->postToDeviceThread([channel, sink, generation, this](DeviceWorker& worker) {
+        channel->stop(worker, true);
+        sink->post([this, generation] {
+            if (generation == m_generation) {
+                setState(Idle);
+            }
         });
+    });
 }
 
 void Acquisition::abandon()

@@ -141,6 +141,9 @@ bool SimulatedStream::due(Clock::time_point now) const
     if (m_state.triggered) {
         return m_pendingTriggers > 0;
     }
+    if (m_state.image.frameRateHz <= 0.0 && m_sink->isNotifying()) {
+        return false; // without a frame rate, the next frame waits until this one is taken
+    }
     return now >= m_nextFrame;
 }
 
@@ -154,7 +157,10 @@ void SimulatedStream::run()
             continue;
         }
         if (m_acquiring && !m_state.triggered) {
-            m_wake.wait_until(lock, m_nextFrame);
+            // Without a frame rate, look again shortly whether the frame was taken.
+            m_wake.wait_until(lock, m_state.image.frameRateHz > 0.0
+                                        ? m_nextFrame
+                                        : Clock::now() + std::chrono::milliseconds(1));
         } else {
             m_wake.wait(lock);
         }
