@@ -68,6 +68,7 @@ private:
     Baseline m_baseline; // the stream thread's, or the device thread's while it is stopped
     quint64 m_bytes = 0;
     std::size_t m_payloadSize = 0;
+    int m_infoIds[5] = {-1, -1, -1, -1, -1}; // packets, missing, resend requests, resent, missed
 };
 
 } // namespace Backend
