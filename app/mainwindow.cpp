@@ -12,6 +12,7 @@
 #include "visibilitytoolbar.h"
 #include "windowservice.h"
 
+#include <acquisitionservice.h>
 #include <appcore/appcoreconstants.h>
 #include <acquisitionservice.h>
 #include <appcore/idockpanelfactory.h>
@@ -60,12 +61,13 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
       m_windowService(QSharedPointer<WindowService>::create(this)),
       m_menuService(QSharedPointer<MenuService>::create(menuBar())),
       m_instantiationService(QSharedPointer<FeatureInstantiationService>::create()),
-      m_acquisitionService(
-          m_pool ? QSharedPointer<Backend::AcquisitionService>::create(m_pool.data()) : nullptr),
       m_devicesDock(new QDockWidget(tr("Devices"), this)),
       m_devicesPane(new DevicesPane(m_devicesDock)),
       m_visibilityToolBar(new VisibilityToolBar(this)), m_statusBar(new FeatureStatusBar(this))
 {
+    if (m_pool) {
+        m_acquisitionService = QSharedPointer<Backend::AcquisitionService>::create(m_pool.data());
+    }
     setObjectName(QStringLiteral("VantoViewerMainWindow"));
     setWindowTitle(tr("Vanto Viewer"));
     resize(DEFAULT_WIDTH, DEFAULT_HEIGHT);
@@ -266,8 +268,6 @@ QList<QSharedPointer<Core::Service::IService>> MainWindow::hostServices() const
                                                             m_instantiationService};
     if (m_pool) {
         services.append(m_pool);
-    }
-    if (m_acquisitionService) {
         services.append(m_acquisitionService);
     }
     return services;

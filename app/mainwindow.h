@@ -130,10 +130,11 @@ private:
     void createImagePanels();
 
     QSharedPointer<Backend::CameraPool> m_pool;
+    // Each open camera's acquisition, offered to the plug-ins next to the pool.
+    QSharedPointer<Backend::AcquisitionService> m_acquisitionService;
     QSharedPointer<WindowService> m_windowService;
     QSharedPointer<MenuService> m_menuService;
     QSharedPointer<FeatureInstantiationService> m_instantiationService;
-    QSharedPointer<Backend::AcquisitionService> m_acquisitionService; // each camera's stream
     QPointer<Plugin::FeatureTree::IFeatureTreeControlService> m_controlService;
     QHash<Plugin::AppCore::IDockPanelFactory*, QDockWidget*> m_panelDocks; // children
     QDockWidget* m_devicesDock;                                            // child

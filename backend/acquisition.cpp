@@ -24,8 +24,8 @@ Acquisition::Acquisition(QSharedPointer<DeviceParameterCollection> collection, Q
     connect(m_collection.data(), &ParameterCollection::IParameterCollection::deviceLost, this,
             [this](const QString& message) {
                 if (m_state != Idle) {
-                    finishStop(false);
-                    Q_EMIT failed(tr("The camera was lost: %1").arg(message));
+                    abandon();
+                    failToIdle(tr("The camera was lost: %1").arg(message));
                 }
             });
 }
@@ -76,8 +76,7 @@ void Acquisition::start(Mode mode)
                     stop(); // the single frame came before this answer
                 }
             } else {
-                setState(Idle);
-                Q_EMIT failed(tr("The acquisition could not start: %1").arg(error));
+                failToIdle(tr("The acquisition could not start: %1").arg(error));
             }
         });
     });
@@ -88,28 +87,42 @@ void Acquisition::stop()
     if (m_state == Idle || m_state == Stopping) {
         return;
     }
-    finishStop(true);
+    finishStop();
 }
 
-void Acquisition::finishStop(bool stopDevice)
+void Acquisition::finishStop()
 {
     setState(Stopping);
     const quint64 generation = ++m_generation;
     std::shared_ptr<StreamChannel> channel = m_channel;
     std::shared_ptr<FrameSink> sink = m_sink;
-    m_collection->postToDeviceThread(
-        [channel, sink, stopDevice, generation, this](DeviceWorker& worker) {
-            channel->stop(worker, stopDevice);
-            sink->post([this, generation] {
-                if (generation == m_generation) {
-                    setState(Idle);
-                }
-            });
+    m_collection->postToDeviceThread([channel, sink, generation, this](DeviceWorker& worker) {
+        channel->stop(worker, true);
+        sink->post([this, generation] {
+            if (generation == m_generation) {
+                setState(Idle);
+            }
         });
-    if (!stopDevice) {
-        // The device is gone: nothing waits for it.
-        ++m_generation;
-        setState(Idle);
+    });
+}
+
+void Acquisition::abandon()
+{
+    // The device is gone: the stream closes without a word to it, and nothing waits for that.
+    ++m_generation;
+    std::shared_ptr<StreamChannel> channel = m_channel;
+    m_collection->postToDeviceThread(
+        [channel](DeviceWorker& worker) { channel->stop(worker, false); });
+}
+
+void Acquisition::failToIdle(const QString& reason)
+{
+    // The reason arrives first, so that whoever sees the state go Idle knows why.
+    const bool changed = m_state != Idle;
+    m_state = Idle;
+    Q_EMIT failed(reason);
+    if (changed) {
+        Q_EMIT stateChanged(Idle);
     }
 }
 
@@ -137,9 +150,9 @@ void Acquisition::onEnded()
 void Acquisition::fail(const QString& reason)
 {
     if (m_state != Idle) {
-        finishStop(false);
+        abandon();
     }
-    Q_EMIT failed(reason);
+    failToIdle(reason);
 }
 
 FramePtr Acquisition::latestFrame() const

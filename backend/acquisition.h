@@ -37,7 +37,9 @@ private:
     void onFrameReady();
     void onEnded();
     void fail(const QString& reason);
-    void finishStop(bool stopDevice);
+    void finishStop();
+    void abandon();
+    void failToIdle(const QString& reason);
 
     QSharedPointer<DeviceParameterCollection> m_collection;
     std::shared_ptr<FrameSink> m_sink;

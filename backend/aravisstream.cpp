@@ -40,8 +40,23 @@ bool AravisStream::open(const Options& options, QString* error)
         return false;
     }
     applyTransport(options);
+    // The GigE Vision packet counts, looked up once: the names are compared only here.
+    static const char* const kInfoNames[] = {"n_received_packets", "n_missing_packets",
+                                             "n_resend_requests", "n_resent_packets",
+                                             "n_missing_frames"};
+    for (int k = 0; k < 5; ++k) {
+        m_infoIds[k] = -1;
+        for (guint id = 0; ARV_IS_GV_STREAM(m_stream) && id < arv_stream_get_n_infos(m_stream);
+             ++id) {
+            if (qstrcmp(arv_stream_get_info_name(m_stream, id), kInfoNames[k]) == 0 &&
+                arv_stream_get_info_type(m_stream, id) == G_TYPE_UINT64) {
+                m_infoIds[k] = int(id);
+            }
+        }
+    }
     const int count = qMax(options.bufferCount, 1);
     m_pool = std::make_unique<FramePool>(count, 0);
+    m_payloadSize = size_t(options.payloadSize);
     for (int i = 0; i < count; ++i) {
         ArvBuffer* buffer =
             arv_buffer_new_full(size_t(options.payloadSize), nullptr, GINT_TO_POINTER(i), nullptr);
@@ -112,13 +127,14 @@ AravisStream::Baseline AravisStream::readStatistics() const
     b.completed = completed;
     b.failures = failures;
     b.underruns = underruns;
-    if (ARV_IS_GV_STREAM(m_stream)) {
-        b.packets = arv_stream_get_info_uint64_by_name(m_stream, "n_received_packets");
-        b.missingPackets = arv_stream_get_info_uint64_by_name(m_stream, "n_missing_packets");
-        b.resendRequests = arv_stream_get_info_uint64_by_name(m_stream, "n_resend_requests");
-        b.resentPackets = arv_stream_get_info_uint64_by_name(m_stream, "n_resent_packets");
-        b.missedFrames = arv_stream_get_info_uint64_by_name(m_stream, "n_missing_frames");
-    }
+    const auto info = [this](int id) {
+        return id >= 0 ? arv_stream_get_info_uint64(m_stream, guint(id)) : 0;
+    };
+    b.packets = info(m_infoIds[0]);
+    b.missingPackets = info(m_infoIds[1]);
+    b.resendRequests = info(m_infoIds[2]);
+    b.resentPackets = info(m_infoIds[3]);
+    b.missedFrames = info(m_infoIds[4]);
     return b;
 }
 
@@ -151,11 +167,20 @@ void AravisStream::run()
     while (m_running.load()) {
         if (ArvBuffer* buffer = arv_stream_timeout_pop_buffer(stream, POP_TIMEOUT_US)) {
             handle(buffer);
+        } else {
+            updateCounters(); // failures and underruns come without a buffer
         }
-        // Counted before the consumer hears of the frame, so that statistics() never lags
-        // behind the frames it has seen.
-        updateCounters();
         m_pool->reclaim(giveBack);
+        // Consumers that keep frames must not leave the stream without buffers: the frames
+        // they keep leave the pool, and new buffers take their place.
+        while (m_pool->size() - m_pool->lentCount() < MIN_QUEUED_BUFFERS &&
+               m_pool->lentCount() > 1) {
+            const int index = m_pool->replaceOldestLent(0);
+            ArvBuffer* fresh =
+                arv_buffer_new_full(m_payloadSize, nullptr, GINT_TO_POINTER(index), nullptr);
+            m_pool->slot(index).buffer = std::shared_ptr<void>(fresh, g_object_unref);
+            arv_stream_push_buffer(stream, ARV_BUFFER(g_object_ref(fresh)));
+        }
     }
 }
 
@@ -164,7 +189,7 @@ void AravisStream::handle(ArvBuffer* buffer)
     const int index = GPOINTER_TO_INT(arv_buffer_get_user_data(buffer));
     // The slot holds a reference of its own: the pop's is not needed.
     g_object_unref(buffer);
-    if (index < 0 || index >= m_pool->size()) {
+    if (index < 0 || index >= m_pool->size() || m_pool->slot(index).buffer.get() != buffer) {
         return;
     }
     const ArvBufferStatus status = arv_buffer_get_status(buffer);
@@ -173,6 +198,7 @@ void AravisStream::handle(ArvBuffer* buffer)
         status == ARV_BUFFER_STATUS_MISSING_PACKETS || status == ARV_BUFFER_STATUS_TIMEOUT;
     if (!image || (status != ARV_BUFFER_STATUS_SUCCESS && !partial)) {
         arv_stream_push_buffer(m_stream, ARV_BUFFER(g_object_ref(buffer)));
+        updateCounters();
         return;
     }
     size_t size = 0;
@@ -187,6 +213,8 @@ void AravisStream::handle(ArvBuffer* buffer)
         timestamp = arv_buffer_get_system_timestamp(buffer);
     }
     m_bytes += size;
+    // Counted before the consumer hears of the frame, so that statistics() never lags behind
+    // the frames it has seen.
     updateCounters();
     m_sink->deliver(
         m_pool->lend(index, Frame(quint32(width), quint32(height),

@@ -4,6 +4,7 @@
 #include "stream.h"
 
 #include <atomic>
+#include <cstddef>
 #include <memory>
 #include <thread>
 
@@ -24,6 +25,9 @@ class AravisStream : public Stream {
 public:
     // How long a pop waits before the thread looks for released buffers anyway.
     static constexpr quint64 POP_TIMEOUT_US = 20000;
+    // Fewer buffers than this waiting in the stream, and those that consumers keep are
+    // replaced.
+    static constexpr int MIN_QUEUED_BUFFERS = 2;
 
     AravisStream(ArvDevice* device, std::shared_ptr<FrameSink> sink,
                  std::shared_ptr<StreamCounters> counters);
@@ -63,6 +67,8 @@ private:
     std::atomic<bool> m_resetPending{false};
     Baseline m_baseline; // the stream thread's, or the device thread's while it is stopped
     quint64 m_bytes = 0;
+    std::size_t m_payloadSize = 0;
+    int m_infoIds[5] = {-1, -1, -1, -1, -1}; // packets, missing, resend requests, resent, missed
 };
 
 } // namespace Backend

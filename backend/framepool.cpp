@@ -43,6 +43,7 @@ FramePtr FramePool::lend(int index, const Frame& frame)
     const std::shared_ptr<Slot>& slot = m_slots[std::size_t(index)];
     slot->frame = frame;
     slot->lent = true;
+    slot->lentAt = ++m_lends;
     return FramePtr(slot, &slot->frame);
 }
 
@@ -60,6 +61,24 @@ int FramePool::reclaim(const std::function<void(int)>& returned)
         }
     }
     return count;
+}
+
+int FramePool::replaceOldestLent(std::size_t bytesPerSlot)
+{
+    int oldest = -1;
+    for (int i = 0; i < size(); ++i) {
+        const Slot& slot = *m_slots[std::size_t(i)];
+        if (slot.lent && (oldest < 0 || slot.lentAt < m_slots[std::size_t(oldest)]->lentAt)) {
+            oldest = i;
+        }
+    }
+    if (oldest >= 0) {
+        auto fresh = std::make_shared<Slot>();
+        fresh->bytes.resize(bytesPerSlot);
+        m_slots[std::size_t(oldest)] = std::move(fresh);
+        ++m_replaced;
+    }
+    return oldest;
 }
 
 int FramePool::lentCount() const

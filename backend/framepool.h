@@ -24,7 +24,8 @@ public:
         std::vector<uchar> bytes;
         // Or a buffer owned by someone else (a driver's), kept alive as long as the slot.
         std::shared_ptr<void> buffer;
-        bool lent = false; // handed out and not yet taken back by reclaim()
+        bool lent = false;  // handed out and not yet taken back by reclaim()
+        quint64 lentAt = 0; // the pool's count of lends when it was lent
     };
 
     // `count` slots, each with `bytesPerSlot` bytes of its own (0: frames refer to buffers
@@ -46,11 +47,21 @@ public:
     int reclaim(const std::function<void(int index)>& returned = nullptr);
     // Slots handed out and not yet taken back.
     int lentCount() const;
+    // When consumers hold on to frames so long that the stream would run dry: the slot lent
+    // longest ago leaves the pool to its consumers, and a new one (with `bytesPerSlot` bytes
+    // of its own) takes its place, so that the stream never loses a frame for a consumer that
+    // keeps them. Returns the index replaced, or -1 when no slot is lent. This allocates; it
+    // happens only while consumers hoard.
+    int replaceOldestLent(std::size_t bytesPerSlot);
+    // Slots given up by replaceOldestLent() since the pool was made.
+    int replacedCount() const { return m_replaced; }
 
 private:
     bool isHeld(int index) const;
 
     std::vector<std::shared_ptr<Slot>> m_slots;
+    quint64 m_lends = 0;
+    int m_replaced = 0;
 };
 
 } // namespace Backend

@@ -39,6 +39,9 @@ public:
     // Runs `job` on the receiver's thread, unless it has gone by then.
     void post(std::function<void()> job);
 
+    // Any thread: whether the receiver has yet to take the last notification.
+    bool isNotifying() const { return m_notifying.load(); }
+
     // Any thread; never waits for more than a pointer swap.
     Plugin::Acquisition::FramePtr latest() const;
     void clear();

@@ -141,6 +141,9 @@ bool SimulatedStream::due(Clock::time_point now) const
     if (m_state.triggered) {
         return m_pendingTriggers > 0;
     }
+    if (m_state.image.frameRateHz <= 0.0 && m_sink->isNotifying()) {
+        return false; // without a frame rate, the next frame waits until this one is taken
+    }
     return now >= m_nextFrame;
 }
 
@@ -154,7 +157,10 @@ void SimulatedStream::run()
             continue;
         }
         if (m_acquiring && !m_state.triggered) {
-            m_wake.wait_until(lock, m_nextFrame);
+            // Without a frame rate, look again shortly whether the frame was taken.
+            m_wake.wait_until(lock, m_state.image.frameRateHz > 0.0
+                                        ? m_nextFrame
+                                        : Clock::now() + std::chrono::milliseconds(1));
         } else {
             m_wake.wait(lock);
         }
@@ -188,11 +194,14 @@ void SimulatedStream::sendFrame(std::unique_lock<std::mutex>& lock)
     lock.unlock();
 
     m_pool->reclaim();
-    const int slot = m_pool->findFree();
+    int slot = m_pool->findFree();
+    if (slot < 0) {
+        // Consumers keep every buffer: they keep those frames, the stream gets a new buffer.
+        slot = m_pool->replaceOldestLent(m_pool->slot(0).bytes.size());
+    }
     const std::size_t bytes = SimulatedImage::payloadSize(settings);
     if (slot < 0) {
-        // Every buffer is held by a consumer: the device's frame finds no buffer.
-        ++m_counters->underruns;
+        ++m_counters->underruns; // no buffer at all
     } else if (bytes == 0 || bytes > m_pool->slot(slot).bytes.size()) {
         // The image no longer fits the buffers the stream was opened with.
         ++m_counters->incomplete;

@@ -287,10 +287,15 @@ void StreamChannel::refreshSimulated()
     QString error;
     SimulatedImage::settingsOf(m_cameraGc, &state.image, &error);
     const QString mode = stringOf(m_cameraGc, "AcquisitionMode");
-    state.mode =
-        mode == QLatin1String("SingleFrame")  ? SimulatedStream::AcquisitionMode::SingleFrame
-        : mode == QLatin1String("MultiFrame") ? SimulatedStream::AcquisitionMode::MultiFrame
-                                              : SimulatedStream::AcquisitionMode::Continuous;
+    if (mode == QLatin1String("SingleFrame")) {
+        state.mode = SimulatedStream::AcquisitionMode::SingleFrame;
+    } else if (mode == QLatin1String("MultiFrame")) {
+        state.mode = SimulatedStream::AcquisitionMode::MultiFrame;
+    } else if (mode == QLatin1String("Continuous")) {
+        state.mode = SimulatedStream::AcquisitionMode::Continuous;
+    } else {
+        state.mode = m_requestedMode; // the description's mode can't be read
+    }
     state.frameCount = quint64(qMax<qint64>(integerOf(m_cameraGc, "AcquisitionFrameCount", 1), 1));
     bool hasSelector = false;
     const QString selector = stringOf(m_cameraGc, "TriggerSelector", &hasSelector);
@@ -369,11 +374,19 @@ bool StreamChannel::start(DeviceWorker& worker, IAcquisition::Mode mode, QString
     m_sink->clear();
     const int camera = worker.mapIndex(kCamera);
     ArvGcNode* modeNode = arv_gc_get_node(m_cameraGc, "AcquisitionMode");
-    if (modeNode != nullptr && ARV_IS_GC_ENUMERATION(modeNode)) {
+    const char* modeName = mode == IAcquisition::SingleFrame ? "SingleFrame" : "Continuous";
+    m_requestedMode = mode == IAcquisition::SingleFrame
+                          ? SimulatedStream::AcquisitionMode::SingleFrame
+                          : SimulatedStream::AcquisitionMode::Continuous;
+    if (modeNode != nullptr && ARV_IS_GC_ENUMERATION(modeNode) &&
+        stringOf(m_cameraGc, "AcquisitionMode") != QLatin1String(modeName)) {
         GError* gerror = nullptr;
-        arv_gc_enumeration_set_string_value(
-            ARV_GC_ENUMERATION(modeNode),
-            mode == IAcquisition::SingleFrame ? "SingleFrame" : "Continuous", &gerror);
+        arv_gc_enumeration_set_string_value(ARV_GC_ENUMERATION(modeNode), modeName, &gerror);
+        if (gerror != nullptr && m_simulated != nullptr) {
+            // A description served from memory alone may offer no entry at all; the simulated
+            // device then acquires the way it was asked to.
+            g_clear_error(&gerror);
+        }
         if (gerror != nullptr) {
             *error = QStringLiteral("AcquisitionMode can't be set: %1")
                          .arg(QString::fromUtf8(gerror->message));
@@ -427,7 +440,12 @@ void StreamChannel::stop(DeviceWorker& worker, bool stopDevice)
         }
     }
     m_stream->close();
-    republish(worker, m_grabberMap, QStringLiteral("StreamAnnouncedBufferCount"));
+    // The stream's final counts, for whoever shows them next (a dump after a grab).
+    if (m_grabber != nullptr) {
+        QVector<int> all(worker.structure(m_grabberMap)->nodes.size());
+        std::iota(all.begin(), all.end(), 0);
+        worker.readObserved(m_grabberMap, all);
+    }
 }
 
 void StreamChannel::shutdown()

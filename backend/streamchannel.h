@@ -92,6 +92,8 @@ private:
     Register m_frameCounter;
     QVector<DeviceEvent> m_events;
     bool m_refreshQueued = false;
+    // The mode start() asked for, for a description whose AcquisitionMode can't be read.
+    SimulatedStream::AcquisitionMode m_requestedMode = SimulatedStream::AcquisitionMode::Continuous;
     bool m_frameTrigger = false;
     bool m_softwareSource = true;
 };

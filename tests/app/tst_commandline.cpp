@@ -33,6 +33,37 @@ private Q_SLOTS:
                                  << QString();
         QTest::newRow("discover") << QStringList{QStringLiteral("--discover")}
                                   << CommandLine::Mode::Discover << QString();
+        QTest::newRow("grab from a simulated file")
+            << QStringList{QStringLiteral("--simulate"), file, QStringLiteral("--grab"),
+                           QStringLiteral("5")}
+            << CommandLine::Mode::Grab << file;
+        QTest::newRow("grab, save and dump")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("3"),
+                           QStringLiteral("--save-image"), QStringLiteral("a.png"),
+                           QStringLiteral("--dump")}
+            << CommandLine::Mode::Grab << QString();
+    }
+
+    void shouldTellWhatToGrab()
+    {
+        CommandLine commandLine;
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--camera"),
+                                   QStringLiteral("127.0.0.1"), QStringLiteral("--grab"),
+                                   QStringLiteral("100"), QStringLiteral("--save-image"),
+                                   QStringLiteral("last.png"), QStringLiteral("--dump")}));
+        QCOMPARE(commandLine.mode(), CommandLine::Mode::Grab);
+        QCOMPARE(commandLine.grabCount(), 100);
+        QCOMPARE(commandLine.saveImage(), QStringLiteral("last.png"));
+        QVERIFY(commandLine.dumpAfterGrab());
+        QCOMPARE(commandLine.camera(), QStringLiteral("127.0.0.1"));
+
+        QVERIFY(commandLine.parse(
+            {QStringLiteral("vantoviewer"), QStringLiteral("--grab"), QStringLiteral("1")}));
+        QVERIFY(!commandLine.dumpAfterGrab());
+        QVERIFY(commandLine.saveImage().isEmpty());
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--dump")}));
+        QCOMPARE(commandLine.grabCount(), 0);
+        QVERIFY(!commandLine.dumpAfterGrab());
     }
 
     void shouldUnderstandEveryUseItOffers()
@@ -92,6 +123,23 @@ private Q_SLOTS:
         QTest::newRow("an empty window")
             << QStringList{QStringLiteral("--window-size"), QStringLiteral("0x800")}
             << QStringLiteral("0x800");
+        QTest::newRow("grab no frames")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("0")}
+            << QStringLiteral("1 or more");
+        QTest::newRow("grab a word")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("many")}
+            << QStringLiteral("\"many\"");
+        QTest::newRow("save without grab")
+            << QStringList{QStringLiteral("--save-image"), QStringLiteral("a.png")}
+            << QStringLiteral("needs --grab");
+        QTest::newRow("grab and screenshot")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("2"),
+                           QStringLiteral("--screenshot"), QStringLiteral("a.png")}
+            << QStringLiteral("--screenshot");
+        QTest::newRow("grab while discovering")
+            << QStringList{QStringLiteral("--discover"), QStringLiteral("--grab"),
+                           QStringLiteral("2")}
+            << QStringLiteral("--discover");
     }
 
     void shouldRefuseWhatItDoesNotUnderstandAndSayWhat()
@@ -126,9 +174,9 @@ private Q_SLOTS:
 
         const QString usage = commandLine.helpText();
 
-        for (const char* option :
-             {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir", "--screenshot",
-              "--lang", "--panel", "--live", "--window-size", "FILE.xml"}) {
+        for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
+                                   "--screenshot", "--lang", "--panel", "--live", "--window-size",
+                                   "--grab", "--save-image", "FILE.xml"}) {
             QVERIFY2(usage.contains(QLatin1String(option)), option);
         }
     }

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void shouldGiveOneFramePerSoftwareTrigger();
     void shouldAnnounceMaxNumBufferBuffers();
     void shouldCountEveryFrameForASlowConsumerWithoutGrowing();
+    void shouldLoseNoFrameToAConsumerThatKeepsThem();
     void shouldResetStatisticsAndHidePacketCountersOfASimulatedStream();
     void shouldBrightenTheNextFramesWhenGainChangesWhileAcquiring();
     void shouldStartTheDeviceFromTheTreeWhileTheStreamIsOpen();
@@ -131,19 +132,25 @@ Backend::SimulatedImageSettings tst_Acquisition::deviceSettings()
 
 namespace {
 
-// Takes the newest frame on every notification, as a display would.
+// Takes the newest frame on every notification, as a display would, and keeps the last few.
 struct Collector {
+    static constexpr std::size_t KEPT = 5;
     explicit Collector(IAcquisition* acquisition) : acquisition(acquisition)
     {
         QObject::connect(acquisition, &IAcquisition::frameReady, &context, [this] {
             if (FramePtr frame = this->acquisition->latestFrame()) {
+                if (frames.size() == KEPT) {
+                    frames.erase(frames.begin());
+                }
                 frames.push_back(frame);
+                ++taken;
             }
         });
     }
     IAcquisition* acquisition;
     QObject context;
     std::vector<FramePtr> frames;
+    std::size_t taken = 0;
 };
 
 void checkPixels(const FramePtr& frame, const Backend::SimulatedImageSettings& settings)
@@ -165,7 +172,7 @@ void tst_Acquisition::shouldStreamFramesThatFollowTheFormulas()
     Collector collector(m_acquisition);
     QSignalSpy states(m_acquisition, &IAcquisition::stateChanged);
     m_acquisition->start(IAcquisition::Continuous);
-    QTRY_VERIFY(collector.frames.size() >= 5);
+    QTRY_VERIFY(collector.frames.size() >= Collector::KEPT);
     m_acquisition->stop();
     QTRY_COMPARE(m_acquisition->state(), IAcquisition::Idle);
     QVERIFY(states.count() >= 3); // Starting, Acquiring, Stopping, Idle
@@ -287,6 +294,27 @@ void tst_Acquisition::shouldCountEveryFrameForASlowConsumerWithoutGrowing()
     QCOMPARE(stats.underruns, quint64(0));     // two held frames leave buffers to the stream
     QCOMPARE(value(QStringLiteral("@StreamGrabber0/Statistic_Total_Buffer_Count")).toULongLong(),
              stats.completed + stats.incomplete);
+}
+
+void tst_Acquisition::shouldLoseNoFrameToAConsumerThatKeepsThem()
+{
+    set(QStringLiteral("@StreamGrabber0/MaxNumBuffer"), 3);
+    set(QStringLiteral("@CameraDevice/TestPattern"), QStringLiteral("GreyDiagonalRampMoving"));
+    const auto settings = deviceSettings();
+    std::vector<FramePtr> kept;
+    QObject context;
+    connect(m_acquisition, &IAcquisition::frameReady, &context,
+            [&] { kept.push_back(m_acquisition->latestFrame()); });
+    m_acquisition->start(IAcquisition::Continuous);
+    QTRY_VERIFY_WITH_TIMEOUT(kept.size() >= 30, 20000);
+    m_acquisition->stop();
+    QTRY_COMPARE(m_acquisition->state(), IAcquisition::Idle);
+    QCOMPARE(m_acquisition->statistics().underruns, quint64(0));
+    QCOMPARE(m_acquisition->statistics().incomplete, quint64(0));
+    // Every kept frame still shows its own image.
+    for (const FramePtr& frame : kept) {
+        checkPixels(frame, settings);
+    }
 }
 
 void tst_Acquisition::shouldResetStatisticsAndHidePacketCountersOfASimulatedStream()

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void shouldReportNoFreeSlotWhenConsumersHoldAll();
     void shouldKeepAFrameValidAfterThePoolWent();
     void shouldCallBackForEachReturnedSlot();
+    void shouldReplaceTheOldestLentSlotAndLeaveItsFrameAlone();
 };
 
 namespace {
@@ -102,6 +103,23 @@ void tst_FramePool::shouldCallBackForEachReturnedSlot()
     QCOMPARE(pool.reclaim([&returned](int index) { returned << index; }), 2);
     QCOMPARE(returned, (QVector<int>{0, 2}));
     QCOMPARE(pool.lentCount(), 1);
+}
+
+void tst_FramePool::shouldReplaceTheOldestLentSlotAndLeaveItsFrameAlone()
+{
+    FramePool pool(2, 8);
+    FramePtr first = lendFilled(pool, 0, 1, 1);
+    FramePtr second = lendFilled(pool, 1, 2, 2);
+    QCOMPARE(pool.findFree(), -1);
+    QCOMPARE(pool.replaceOldestLent(8), 0);
+    QCOMPARE(pool.size(), 2);
+    QCOMPARE(pool.replacedCount(), 1);
+    QCOMPARE(pool.findFree(), 0);
+    QVERIFY(pool.slot(0).bytes.data() != first->data());
+    FramePtr third = lendFilled(pool, 0, 3, 3);
+    // The frame given up keeps its bytes.
+    QCOMPARE(first->data()[0], uchar(1));
+    QCOMPARE(third->data()[0], uchar(3));
 }
 
 QTEST_GUILESS_MAIN(tst_FramePool)
