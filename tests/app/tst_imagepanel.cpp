@@ -1,5 +1,8 @@
+#include "apptestsupport.h"
+
 #include "acquisitionactions.h"
 #include "histogram.h"
+#include "histogrampanel.h"
 #include "imagepanel.h"
 #include "imageview.h"
 #include "imagewriter.h"
@@ -12,6 +15,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QDockWidget>
 #include <QFile>
 #include <QMouseEvent>
 #include <QSignalSpy>
@@ -353,6 +359,51 @@ private Q_SLOTS:
         QCOMPARE(acquisition->statistics().completed, quint64(1));
         panel.acquisitionActions()->stop()->trigger();
         QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+    }
+
+    // Pictures for the documentation, when asked for: the window at 1920 x 1080 on the
+    // built-in camera's scene in a colour format, with a logarithmic histogram.
+    void screenshots()
+    {
+        const QString directory = QString::fromUtf8(qgetenv("NODESCOPE_SCREENSHOT_DIR"));
+        if (directory.isEmpty()) {
+            QSKIP("Set NODESCOPE_SCREENSHOT_DIR to write the window's pictures.");
+        }
+        QVERIFY(QDir().mkpath(directory));
+        QTemporaryDir settings;
+        isolateSettings(settings.path());
+        m_panel.reset();
+        std::unique_ptr<VantoViewer::PluginManager> plugins;
+        std::unique_ptr<VantoViewer::MainWindow> window;
+        const QString failure = startTestHost(m_pool, plugins, window);
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
+        window->resize(1920, 1080);
+        window->addDevice(m_first);
+        const auto collection = m_pool->getParameterCollection(m_first);
+        collection->getParameter(QStringLiteral("@CameraDevice/PixelFormat"))
+            ->setValue(QStringLiteral("BayerRG8"));
+        QTRY_COMPARE(collection->getParameter(QStringLiteral("@CameraDevice/PixelFormat"))
+                         ->getParameterData()
+                         ->value.toString(),
+                     QStringLiteral("BayerRG8"));
+        window->histogramDock()->findChild<QCheckBox*>()->setChecked(true);
+        ImagePanel* panel = window->imagePanel();
+        panel->acquisitionActions()->continuousShot()->trigger();
+        // The rates need a second of frames.
+        QTRY_VERIFY_WITH_TIMEOUT(panel->statusText().contains(QStringLiteral("fps received")),
+                                 20000);
+        QTRY_VERIFY(panel->shownFrame() &&
+                    panel->shownFrame()->pixelFormat() == PixelFormat::BayerRG8);
+        hover(panel->view(), QPoint(300, 200));
+        QTRY_VERIFY(!panel->cursorText().isEmpty());
+        // The status lines take their new widths on the next turn of the event loop.
+        QCoreApplication::processEvents();
+        QVERIFY(window->grab().save(
+            QDir(directory).filePath(QStringLiteral("vantoviewer-histogram.png"))));
+        panel->acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(panel->acquisitionActions()->acquisition()->state(), IAcquisition::Idle);
+        window.reset();
+        plugins->unloadAll();
     }
 
     void withoutAStreamSaysSo()
