@@ -61,17 +61,27 @@ void HistogramPlot::paintEvent(QPaintEvent*)
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     const QRectF area = QRectF(rect()).adjusted(2, 2, -2, -2);
     painter.setRenderHint(QPainter::Antialiasing);
+    // At most one step per screen column: a 16-bit histogram has 65536 bins, and the tallest
+    // bin of each column is the one that shows.
+    const int columns = std::max(1, int(area.width()));
     for (const Curve& curve : m_curves) {
         const int count = curve.bins.size();
         if (count == 0) {
             continue;
         }
+        const int steps = std::min(count, columns);
         // The curve's outline over its filled area, so that overlapping channels stay legible.
         QPainterPath path(area.bottomLeft());
-        for (int i = 0; i < count; ++i) {
-            const double x0 = area.left() + area.width() * i / count;
-            const double x1 = area.left() + area.width() * (i + 1) / count;
-            const double y = area.bottom() - area.height() * barHeight(curve.bins.at(i));
+        for (int step = 0; step < steps; ++step) {
+            const int first = int(qint64(count) * step / steps);
+            const int end = std::max(first + 1, int(qint64(count) * (step + 1) / steps));
+            quint32 tallest = 0;
+            for (int i = first; i < end; ++i) {
+                tallest = std::max(tallest, curve.bins.at(i));
+            }
+            const double x0 = area.left() + area.width() * step / steps;
+            const double x1 = area.left() + area.width() * (step + 1) / steps;
+            const double y = area.bottom() - area.height() * barHeight(tallest);
             path.lineTo(x0, y);
             path.lineTo(x1, y);
         }

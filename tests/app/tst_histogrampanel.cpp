@@ -73,6 +73,25 @@ private Q_SLOTS:
         QVERIFY(panel.plot()->barHeight(1) > 10 * linear);
     }
 
+    void aDeepHistogramShowsItsTallestBinAtItsPlace()
+    {
+        // A 16-bit histogram: far more bins than the plot has columns
+        VantoViewer::HistogramPlot plot;
+        plot.resize(204, 100); // 200 columns inside the frame
+        plot.show();
+        QVector<quint32> bins(65536, 0);
+        bins[49152] = 10;
+        plot.setCurves({{bins, QColor(Qt::red)}});
+
+        const QImage shown = plot.grab().toImage();
+
+        // Three quarters along, the bin's column reaches the top; elsewhere the plot is empty.
+        const QColor base = plot.palette().color(QPalette::Base);
+        QVERIFY(shown.pixelColor(2 + 150, 20) != base);
+        QCOMPARE(shown.pixelColor(2 + 50, 20), base);
+        QCOMPARE(shown.pixelColor(2 + 190, 20), base);
+    }
+
     void clearedItShowsNoCurves()
     {
         HistogramPanel panel;

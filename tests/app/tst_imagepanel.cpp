@@ -1,6 +1,7 @@
 #include "apptestsupport.h"
 
 #include "acquisitionactions.h"
+#include "devicespane.h"
 #include "histogram.h"
 #include "histogrampanel.h"
 #include "imagepanel.h"
@@ -359,6 +360,46 @@ private Q_SLOTS:
         QCOMPARE(acquisition->statistics().completed, quint64(1));
         panel.acquisitionActions()->stop()->trigger();
         QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+    }
+
+    void theWindowShowsTheActiveCamerasImage()
+    {
+        // Given the window with two open cameras, the first one acquiring
+        QTemporaryDir settings;
+        isolateSettings(settings.path());
+        m_panel.reset();
+        std::unique_ptr<VantoViewer::PluginManager> plugins;
+        std::unique_ptr<VantoViewer::MainWindow> window;
+        const QString failure = startTestHost(m_pool, plugins, window);
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
+        window->addDevice(m_first);
+        window->addDevice(m_second);
+        window->devicesPane()->setActiveDevice(m_first);
+        ImagePanel* panel = window->imagePanel();
+        QCOMPARE(window->centralWidget(), panel);
+        panel->acquisitionActions()->continuousShot()->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(panel->shownFrame(), 20000);
+        IAcquisition* first = panel->acquisitionActions()->acquisition();
+
+        // When the user makes the second camera the active one
+        window->devicesPane()->setActiveDevice(m_second);
+
+        // Then the panel shows the second, idle, while the first goes on acquiring
+        QVERIFY(panel->acquisitionActions()->acquisition() != first);
+        QVERIFY(!panel->shownFrame());
+        QVERIFY(panel->acquisitionActions()->continuousShot()->isEnabled());
+        QCOMPARE(first->state(), IAcquisition::Acquiring);
+        const quint64 counted = first->statistics().completed;
+        QTRY_VERIFY_WITH_TIMEOUT(first->statistics().completed > counted, 20000);
+
+        // and back on the first, its newest image
+        window->devicesPane()->setActiveDevice(m_first);
+        QTRY_VERIFY(panel->shownFrame());
+        QVERIFY(panel->acquisitionActions()->stop()->isEnabled());
+        panel->acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(first->state(), IAcquisition::Idle);
+        window.reset();
+        plugins->unloadAll();
     }
 
     // Pictures for the documentation, when asked for: the window at 1920 x 1080 on the
