@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 struct SwsContext;
@@ -52,8 +53,20 @@ private:
                      double gamma, QImage& image);
     bool convertColour(const Plugin::Acquisition::Frame& frame, const PixelLayout& layout,
                        QImage& image);
-    bool scale(Step& step, int source, const uchar* data, int stride, int target, uchar* out,
-               int outStride, int width, int height);
+    bool convertYCbCr(const uchar* data, int width, int height, QImage& image);
+    struct Planes {
+        const uint8_t* data[4];
+        int strides[4];
+    };
+    struct Targets {
+        uint8_t* data[4];
+        int strides[4];
+    };
+    SwsContext* context(Step& step, int source, int target, int width, int height);
+    bool scale(Step& step, int source, const Planes& in, int target, const Targets& out, int width,
+               int height);
+    bool scaleFrame(Step& step, int source, const uchar* data, int stride, int target,
+                    const Targets& out, int width, int height);
     const uchar* monoTable(int bitDepth, double gamma);
     void applyGamma(QImage& image, double gamma);
 
@@ -61,6 +74,8 @@ private:
     Step m_second;
     std::vector<quint16> m_words;
     std::vector<uchar> m_rgb;
+    std::vector<uchar> m_planes;
+    std::vector<uchar> m_tail;
     std::vector<quint16> m_row;
     std::vector<uchar> m_monoTable;
     int m_monoTableDepth = -1;

@@ -7,7 +7,6 @@
 
 #include <QStringList>
 
-#include <utility>
 #include <vector>
 
 namespace VantoViewer {
@@ -62,32 +61,93 @@ void Histogram::addChannels(const QStringList& names, int bitDepth)
     }
 }
 
-// Minimum and maximum come from the bins; only a value past the top bin, which a 16-bit
-// container can carry, needs the maximum seen.
+// Everything but the values past the top bin follows from the bins, so the loops over the
+// pixels only count.
 void Histogram::finish()
 {
     for (Channel& channel : m_channels) {
         const QVector<quint32>& bins = channel.bins;
         const int top = bins.size() - 1;
-        int low = 0;
-        while (low <= top && bins.at(low) == 0) {
-            ++low;
-        }
-        int high = top;
-        while (high >= 0 && bins.at(high) == 0) {
-            --high;
-        }
         channel.count = 0;
-        for (quint32 n : bins) {
-            channel.count += n;
-        }
-        channel.minimum = low <= top ? quint32(low) : 0;
-        channel.maximum = high >= 0 ? quint32(high) : 0;
-        if (high == top && channel.seenMaximum > quint32(top)) {
-            channel.maximum = channel.seenMaximum;
-            if (low == top) {
-                channel.minimum = quint32(top);
+        channel.sum = channel.excess;
+        int low = -1;
+        int high = -1;
+        for (int v = 0; v <= top; ++v) {
+            const quint32 n = bins.at(v);
+            if (n) {
+                low = low < 0 ? v : low;
+                high = v;
+                channel.count += n;
+                channel.sum += quint64(n) * quint64(v);
             }
+        }
+        channel.minimum = low < 0 ? 0 : quint32(low);
+        channel.maximum = high < 0 ? 0 : quint32(high);
+        if (channel.excess) {
+            channel.maximum = channel.seenMaximum;
+        }
+    }
+}
+
+namespace {
+
+// The channel count is known at compile time, so the loop over a pixel unrolls.
+template <int Channels> void countGroups(const uchar* data, quint64 groups, quint32* const bins[4])
+{
+    for (quint64 g = 0; g < groups; ++g) {
+        const uchar* p = data + g * Channels;
+        for (int c = 0; c < Channels; ++c) {
+            ++bins[c][p[c]];
+        }
+    }
+}
+
+} // namespace
+
+void Histogram::countInterleaved(const uchar* data, quint64 samples, int channels,
+                                 const int order[4])
+{
+    quint32* bins[4] = {};
+    for (int i = 0; i < 4; ++i) {
+        bins[i] = m_channels[order[i]].bins.data();
+    }
+    if (channels == 3) {
+        countGroups<3>(data, samples / 3, bins);
+    } else {
+        countGroups<4>(data, samples / 4, bins);
+    }
+}
+
+// One value per pixel; a Bayer line alternates between two filters, a mono line has one.
+void Histogram::countSingleSample(const Frame& frame, const PixelLayout& layout)
+{
+    const quint32 width = frame.width();
+    const quint32 top = layout.maxValue();
+    // Only a 16-bit container can carry a value past the format's depth.
+    const bool canExceed = layout.packing() == PixelLayout::Words && layout.bitDepth() < 16;
+    const bool bayer = layout.kind() == PixelLayout::Bayer;
+    std::vector<quint16> row(layout.packing() == PixelLayout::Bytes ? 0 : width);
+    for (quint32 y = 0; y < frame.height(); ++y) {
+        Channel* phases[2] = {&m_channels[bayer ? layout.cfaChannel(0, y) : 0],
+                              &m_channels[bayer ? layout.cfaChannel(1, y) : 0]};
+        quint32* bins[2] = {phases[0]->bins.data(), phases[1]->bins.data()};
+        if (layout.packing() == PixelLayout::Bytes) {
+            const uchar* line = frame.data() + quint64(y) * width;
+            for (quint32 x = 0; x < width; ++x) {
+                ++bins[x & 1][line[x]];
+            }
+            continue;
+        }
+        layout.unpack(frame.data(), quint64(y) * width, width, row.data());
+        for (quint32 x = 0; x < width; ++x) {
+            quint32 value = row[x];
+            if (canExceed && value > top) {
+                Channel* channel = phases[x & 1];
+                channel->excess += value - top;
+                channel->seenMaximum = qMax(channel->seenMaximum, value);
+                value = top;
+            }
+            ++bins[x & 1][value];
         }
     }
 }
@@ -99,91 +159,35 @@ Histogram Histogram::compute(const Frame& frame)
         return histogram;
     }
     const PixelLayout layout = PixelLayout::of(frame.pixelFormat());
-    const quint32 width = frame.width();
-    const quint32 height = frame.height();
-    const uchar* data = frame.data();
-    const auto kind = layout.kind();
-
-    if (kind == PixelLayout::Rgb || kind == PixelLayout::Bgr) {
+    const quint64 pixels = quint64(frame.width()) * frame.height();
+    switch (layout.kind()) {
+    case PixelLayout::Rgb:
+    case PixelLayout::Bgr: {
         histogram.addChannels({QStringLiteral("R"), QStringLiteral("G"), QStringLiteral("B")}, 8);
-        quint32* r = histogram.m_channels[0].bins.data();
-        quint32* g = histogram.m_channels[1].bins.data();
-        quint32* b = histogram.m_channels[2].bins.data();
-        if (kind == PixelLayout::Bgr) {
-            std::swap(r, b);
-        }
-        quint64 sums[3] = {0, 0, 0};
-        const quint64 pixels = quint64(width) * height;
-        for (quint64 i = 0; i < pixels; ++i) {
-            const uchar* p = data + 3 * i;
-            ++r[p[0]];
-            ++g[p[1]];
-            ++b[p[2]];
-            sums[0] += p[0];
-            sums[1] += p[1];
-            sums[2] += p[2];
-        }
-        const int order[3] = {kind == PixelLayout::Bgr ? 2 : 0, 1,
-                              kind == PixelLayout::Bgr ? 0 : 2};
-        for (int c = 0; c < 3; ++c) {
-            histogram.m_channels[order[c]].sum = sums[c];
-        }
-        histogram.finish();
-        return histogram;
+        const int rgb[4] = {0, 1, 2, 0};
+        const int bgr[4] = {2, 1, 0, 0};
+        histogram.countInterleaved(frame.data(), pixels * 3, 3,
+                                   layout.kind() == PixelLayout::Rgb ? rgb : bgr);
+        break;
     }
-    if (kind == PixelLayout::YCbCr422) {
+    case PixelLayout::YCbCr422: {
+        // Y0 Cb Y1 Cr: Cb and Cr once per pair.
         histogram.addChannels({QStringLiteral("Y"), QStringLiteral("Cb"), QStringLiteral("Cr")}, 8);
-        quint32* bins[3] = {histogram.m_channels[0].bins.data(),
-                            histogram.m_channels[1].bins.data(),
-                            histogram.m_channels[2].bins.data()};
-        quint64 sums[3] = {0, 0, 0};
-        const quint64 pairs = quint64(width) * height / 2;
-        for (quint64 i = 0; i < pairs; ++i) {
-            const uchar* p = data + 4 * i;
-            ++bins[0][p[0]];
-            ++bins[1][p[1]];
-            ++bins[0][p[2]];
-            ++bins[2][p[3]];
-            sums[0] += p[0] + p[2];
-            sums[1] += p[1];
-            sums[2] += p[3];
-        }
-        for (int c = 0; c < 3; ++c) {
-            histogram.m_channels[c].sum = sums[c];
-        }
-        histogram.finish();
-        return histogram;
+        const int order[4] = {0, 1, 0, 2};
+        histogram.countInterleaved(frame.data(), pixels * 2, 4, order);
+        break;
     }
-
-    // Mono and Bayer: one value per pixel.
-    const bool bayer = kind == PixelLayout::Bayer;
-    histogram.addChannels(
-        bayer ? QStringList{QStringLiteral("R"), QStringLiteral("G"), QStringLiteral("B")}
-              : QStringList{QStringLiteral("Mono")},
-        layout.bitDepth());
-    const quint32 top = layout.maxValue();
-    std::vector<quint16> row(width);
-    for (quint32 y = 0; y < height; ++y) {
-        layout.unpack(data, quint64(y) * width, width, row.data());
-        // A Bayer line alternates between two filters.
-        Channel* even = &histogram.m_channels[bayer ? layout.cfaChannel(0, y) : 0];
-        Channel* odd = &histogram.m_channels[bayer ? layout.cfaChannel(1, y) : 0];
-        quint32* evenBins = even->bins.data();
-        quint32* oddBins = odd->bins.data();
-        quint64 sums[2] = {0, 0};
-        quint32 maxima[2] = {0, 0};
-        for (quint32 x = 0; x < width; ++x) {
-            const quint32 value = row[x];
-            const quint32 bin = qMin(value, top);
-            const quint32 phase = x & 1;
-            ++(phase ? oddBins : evenBins)[bin];
-            sums[phase] += value;
-            maxima[phase] = qMax(maxima[phase], value);
-        }
-        even->sum += sums[0];
-        odd->sum += sums[1];
-        even->seenMaximum = qMax(even->seenMaximum, maxima[0]);
-        odd->seenMaximum = qMax(odd->seenMaximum, maxima[1]);
+    case PixelLayout::Mono:
+        histogram.addChannels({QStringLiteral("Mono")}, layout.bitDepth());
+        histogram.countSingleSample(frame, layout);
+        break;
+    case PixelLayout::Bayer:
+        histogram.addChannels({QStringLiteral("R"), QStringLiteral("G"), QStringLiteral("B")},
+                              layout.bitDepth());
+        histogram.countSingleSample(frame, layout);
+        break;
+    case PixelLayout::Unsupported:
+        break;
     }
     histogram.finish();
     return histogram;

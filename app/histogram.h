@@ -8,6 +8,8 @@
 
 namespace VantoViewer {
 
+class PixelLayout;
+
 // The distribution of a frame's raw values, per channel, in the camera's own units: a 12-bit
 // format counts 0..4095, whatever container or packing carried it. Bayer frames count each
 // colour of the filter apart (the two greens together); YCbCr 4:2:2 counts Cb and Cr once
@@ -40,10 +42,14 @@ private:
         quint64 sum = 0;
         quint32 minimum = 0;
         quint32 maximum = 0;
+        // Values past the top bin: how far past in all, and the largest.
+        quint64 excess = 0;
         quint32 seenMaximum = 0;
     };
 
     void addChannels(const QStringList& names, int bitDepth);
+    void countInterleaved(const uchar* data, quint64 samples, int channels, const int order[4]);
+    void countSingleSample(const Plugin::Acquisition::Frame& frame, const PixelLayout& layout);
     void finish();
 
     QVector<Channel> m_channels;
