@@ -117,44 +117,41 @@ void AravisStream::resetStatistics()
     m_resetPending.store(true);
 }
 
-AravisStream::Baseline AravisStream::readStatistics() const
+AravisStream::Counts AravisStream::readStatistics() const
 {
-    Baseline b;
+    Counts counts{};
     guint64 completed = 0;
     guint64 failures = 0;
     guint64 underruns = 0;
     arv_stream_get_statistics(m_stream, &completed, &failures, &underruns);
-    b.completed = completed;
-    b.failures = failures;
-    b.underruns = underruns;
-    const auto info = [this](int id) {
-        return id >= 0 ? arv_stream_get_info_uint64(m_stream, guint(id)) : 0;
-    };
-    b.packets = info(m_infoIds[0]);
-    b.missingPackets = info(m_infoIds[1]);
-    b.resendRequests = info(m_infoIds[2]);
-    b.resentPackets = info(m_infoIds[3]);
-    b.missedFrames = info(m_infoIds[4]);
-    return b;
+    counts[Completed] = completed;
+    counts[Failures] = failures;
+    counts[Underruns] = underruns;
+    for (int k = 0; k < 5; ++k) {
+        counts[std::size_t(Packets + k)] =
+            m_infoIds[k] >= 0 ? arv_stream_get_info_uint64(m_stream, guint(m_infoIds[k])) : 0;
+    }
+    return counts;
 }
 
 void AravisStream::updateCounters()
 {
-    const Baseline now = readStatistics();
+    const Counts now = readStatistics();
     if (m_resetPending.exchange(false)) {
         m_baseline = now;
         m_bytes = 0;
     }
+    const auto since = [&](Count k) { return now[k] - m_baseline[k]; };
     StreamCounters& c = *m_counters;
-    c.completed.store(now.completed - m_baseline.completed);
-    c.incomplete.store(now.failures - m_baseline.failures);
-    c.underruns.store(now.underruns - m_baseline.underruns);
+    c.completed.store(since(Completed));
+    c.incomplete.store(since(Failures));
+    c.underruns.store(since(Underruns));
     c.bytes.store(m_bytes);
-    c.packets.store(now.packets - m_baseline.packets);
-    c.failedPackets.store(now.missingPackets - m_baseline.missingPackets);
-    c.resendRequests.store(now.resendRequests - m_baseline.resendRequests);
-    c.resentPackets.store(now.resentPackets - m_baseline.resentPackets);
-    c.missedFrames.store(now.missedFrames - m_baseline.missedFrames);
+    c.packets.store(since(Packets));
+    c.failedPackets.store(since(MissingPackets));
+    c.resendRequests.store(since(ResendRequests));
+    c.resentPackets.store(since(ResentPackets));
+    c.missedFrames.store(since(MissedFrames));
 }
 
 void AravisStream::run()

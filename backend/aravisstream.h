@@ -3,6 +3,7 @@
 #include "framepool.h"
 #include "stream.h"
 
+#include <array>
 #include <atomic>
 #include <cstddef>
 #include <memory>
@@ -41,21 +42,24 @@ public:
     void resetStatistics() override;
 
 private:
-    struct Baseline {
-        quint64 completed = 0;
-        quint64 failures = 0;
-        quint64 underruns = 0;
-        quint64 packets = 0;
-        quint64 missingPackets = 0;
-        quint64 resendRequests = 0;
-        quint64 resentPackets = 0;
-        quint64 missedFrames = 0;
+    // Aravis's counts, in the order of StreamCounters' fields they feed.
+    enum Count {
+        Completed,
+        Failures,
+        Underruns,
+        Packets,
+        MissingPackets,
+        ResendRequests,
+        ResentPackets,
+        MissedFrames,
+        COUNTS
     };
+    using Counts = std::array<quint64, COUNTS>;
 
     void run();
     void handle(ArvBuffer* buffer);
     void updateCounters();
-    Baseline readStatistics() const;
+    Counts readStatistics() const;
 
     ArvDevice* m_device; // the device worker's; outlives the stream
     std::shared_ptr<FrameSink> m_sink;
@@ -65,7 +69,7 @@ private:
     std::thread m_thread;
     std::atomic<bool> m_running{false};
     std::atomic<bool> m_resetPending{false};
-    Baseline m_baseline; // the stream thread's, or the device thread's while it is stopped
+    Counts m_baseline{}; // the stream thread's, or the device thread's while it is stopped
     quint64 m_bytes = 0;
     std::size_t m_payloadSize = 0;
     int m_infoIds[5] = {-1, -1, -1, -1, -1}; // packets, missing, resend requests, resent, missed

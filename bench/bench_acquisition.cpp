@@ -66,6 +66,19 @@ void spin(int ms)
     loop.exec();
 }
 
+// The fake camera, once it answers; it needs a moment to bind its socket.
+QSharedPointer<Backend::CameraInfo> openFakeCamera(Backend::CameraPool& pool)
+{
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        try {
+            return pool.openDevice(QStringLiteral("127.0.0.1"));
+        } catch (const ParameterCollection::Exception&) {
+            spin(100);
+        }
+    }
+    return nullptr;
+}
+
 // Image format and the highest frame rate the camera allows, through its own features.
 void configure(ArvGc* genicam, int size)
 {
@@ -100,14 +113,7 @@ Figures throughOurStream(int size, int seconds)
     Figures f;
     Backend::CameraPool pool;
     Backend::AcquisitionService service(&pool);
-    QSharedPointer<Backend::CameraInfo> info;
-    for (int attempt = 0; attempt < 50 && !info; ++attempt) {
-        try {
-            info = pool.openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const ParameterCollection::Exception&) {
-            spin(100);
-        }
-    }
+    const QSharedPointer<Backend::CameraInfo> info = openFakeCamera(pool);
     if (!info) {
         std::printf("  the fake camera does not answer\n");
         return f;
@@ -220,14 +226,7 @@ void rssDrift(int seconds)
 {
     Backend::CameraPool pool;
     Backend::AcquisitionService service(&pool);
-    QSharedPointer<Backend::CameraInfo> info;
-    for (int attempt = 0; attempt < 50 && !info; ++attempt) {
-        try {
-            info = pool.openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const ParameterCollection::Exception&) {
-            spin(100);
-        }
-    }
+    const QSharedPointer<Backend::CameraInfo> info = openFakeCamera(pool);
     if (!info) {
         return;
     }

@@ -1,5 +1,7 @@
 #include "grabcommand.h"
 
+#include "../fakegigecamera.h"
+
 #include <acquisition.h>
 #include <acquisitionservice.h>
 #include <camerapool.h>
@@ -12,12 +14,9 @@
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QScopeGuard>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <csignal>
 #include <memory>
 
 using ParameterCollection::Exception;
@@ -198,24 +197,11 @@ void tst_GrabCommand::shouldGrabSaveAndDumpFromTheCommandLine()
 
 void tst_GrabCommand::shouldGrabFromTheFakeGigECameraOnTheCommandLine()
 {
-    if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
-        QSKIP("needs a private network namespace (run through run-in-netns.sh)");
+    FakeGigECamera camera;
+    const QString unavailable = camera.start();
+    if (!unavailable.isEmpty()) {
+        QSKIP(qPrintable(unavailable));
     }
-    const QString fake = QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8"));
-    if (fake.isEmpty()) {
-        QSKIP("arv-fake-gv-camera-0.8 is not installed");
-    }
-    QProcess camera;
-    camera.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    camera.start(fake, {QStringLiteral("-i"), QStringLiteral("127.0.0.1")});
-    QVERIFY2(camera.waitForStarted(), qPrintable(camera.errorString()));
-    const qint64 pid = camera.processId();
-    auto stopCamera = qScopeGuard([&camera, pid] {
-        if (camera.state() != QProcess::NotRunning) {
-            ::kill(pid_t(pid), SIGKILL);
-            camera.waitForFinished(5000);
-        }
-    });
     QString out;
     QString err;
     int code = -1;
