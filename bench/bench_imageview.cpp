@@ -10,6 +10,8 @@
 #include "imageview.h"
 #include "mainwindow.h"
 
+#include "../tests/fakegigecamera.h"
+
 #include <acquisition/iacquisition.h>
 #include <acquisition/iacquisitionservice.h>
 #include <camerapool.h>
@@ -47,41 +49,6 @@ void turnEventLoop(int ms)
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
 }
-
-// The camera process, stopped by its PID; it dies with the benchmark too.
-class FakeCamera {
-public:
-    bool start()
-    {
-        const QString fake =
-            QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8"));
-        if (fake.isEmpty()) {
-            return false;
-        }
-        QString program = fake;
-        QStringList arguments{QStringLiteral("-i"), ADDRESS};
-        const QString setpriv = QStandardPaths::findExecutable(QStringLiteral("setpriv"));
-        if (!setpriv.isEmpty()) {
-            arguments = QStringList{QStringLiteral("--pdeathsig"), QStringLiteral("KILL"),
-                                    QStringLiteral("--"), fake} +
-                        arguments;
-            program = setpriv;
-        }
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(program, arguments);
-        return m_process.waitForStarted();
-    }
-    ~FakeCamera()
-    {
-        if (m_process.state() != QProcess::NotRunning) {
-            ::kill(pid_t(m_process.processId()), SIGKILL);
-            m_process.waitForFinished(5000);
-        }
-    }
-
-private:
-    QProcess m_process;
-};
 
 // Aravis's own loop: the frames per second it prints once a second, the first one left out.
 double bareLoopFps(int seconds)
@@ -209,20 +176,15 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     const int seconds =
         argc > 1 ? qMax(2, QString::fromLocal8Bit(argv[1]).toInt()) : DEFAULT_SECONDS;
-    if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
-        std::printf("bench_imageview: runs only inside a private network namespace:\n"
-                    "  tests/backend/run-in-netns.sh %s\n",
-                    argv[0]);
-        return 0;
-    }
     // The window keeps no layout of its own here and touches no user settings.
     QTemporaryDir settings;
     QStandardPaths::setTestModeEnabled(true);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
 
-    FakeCamera camera;
-    if (!camera.start()) {
-        std::printf("bench_imageview: arv-fake-gv-camera-0.8 cannot be started\n");
+    FakeGigECamera camera;
+    const QString why = camera.start();
+    if (!why.isEmpty()) {
+        std::printf("bench_imageview: the fake camera does not run: %s\n", qPrintable(why));
         return 0;
     }
     turnEventLoop(1000);

@@ -80,6 +80,40 @@ class TestImagePanel : public QObject {
     std::unique_ptr<SyntheticAcquisition> m_firstAcquisition;
     std::unique_ptr<SyntheticAcquisition> m_secondAcquisition;
     std::unique_ptr<ImagePanel> m_panel;
+    std::unique_ptr<Backend::AcquisitionService> m_backendService;
+    std::unique_ptr<ImagePanel> m_backendPanel; // on m_backendService
+
+    // A panel shown on the first camera, with the backend's own acquisitions.
+    ImagePanel& panelOnTheFirstCamera()
+    {
+        m_backendService = std::make_unique<Backend::AcquisitionService>(m_pool.data());
+        m_backendPanel = std::make_unique<ImagePanel>();
+        m_backendPanel->setServices(m_backendService.get(), m_pool.data());
+        m_backendPanel->resize(800, 600);
+        m_backendPanel->show();
+        m_backendPanel->setActiveDevice(m_first);
+        return *m_backendPanel;
+    }
+
+    // The whole window with the plug-in, its settings in `settings`, instead of the lone panel.
+    QString startWindow(const QTemporaryDir& settings,
+                        std::unique_ptr<VantoViewer::PluginManager>& plugins,
+                        std::unique_ptr<VantoViewer::MainWindow>& window)
+    {
+        isolateSettings(settings.path());
+        m_panel.reset();
+        return startTestHost(m_pool, plugins, window);
+    }
+
+    // Writes a feature of the first camera and waits until the camera has taken it.
+    bool write(const QString& feature, const QVariant& value)
+    {
+        const auto parameter = m_pool->getParameterCollection(m_first)->getParameter(
+            QStringLiteral("@CameraDevice/") + feature);
+        parameter->setValue(value);
+        return QTest::qWaitFor(
+            [&parameter, &value] { return parameter->getParameterData()->value == value; }, 5000);
+    }
 
     // Delivers and waits until the view has painted it.
     bool show(SyntheticAcquisition& acquisition, const FramePtr& frame)
@@ -109,6 +143,8 @@ private Q_SLOTS:
     void cleanup()
     {
         m_panel.reset();
+        m_backendPanel.reset();
+        m_backendService.reset();
         m_firstAcquisition.reset();
         m_secondAcquisition.reset();
         m_pool->closeAll();
@@ -255,22 +291,9 @@ private Q_SLOTS:
     // End to end: the built-in camera's own stream, through the backend's acquisition.
     void continuousShotShowsTheTestPatternAndAWidthChange()
     {
-        Backend::AcquisitionService service(m_pool.data());
-        ImagePanel panel;
-        panel.setServices(&service, m_pool.data());
-        panel.resize(800, 600);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
-        panel.setActiveDevice(m_first);
-        const auto collection = m_pool->getParameterCollection(m_first);
-        collection->getParameter(QStringLiteral("@CameraDevice/PixelFormat"))
-            ->setValue(QStringLiteral("Mono8"));
-        collection->getParameter(QStringLiteral("@CameraDevice/TestPattern"))
-            ->setValue(QStringLiteral("GreyHorizontalRamp"));
-        QTRY_COMPARE(collection->getParameter(QStringLiteral("@CameraDevice/TestPattern"))
-                         ->getParameterData()
-                         ->value.toString(),
-                     QStringLiteral("GreyHorizontalRamp"));
+        ImagePanel& panel = panelOnTheFirstCamera();
+        QVERIFY(write(QStringLiteral("PixelFormat"), QStringLiteral("Mono8")));
+        QVERIFY(write(QStringLiteral("TestPattern"), QStringLiteral("GreyHorizontalRamp")));
 
         // When Continuous Shot is pressed
         panel.acquisitionActions()->continuousShot()->trigger();
@@ -292,13 +315,9 @@ private Q_SLOTS:
 
         // and after Stop and a new Width, the next frames have the new width
         panel.acquisitionActions()->stop()->trigger();
-        const auto acquisition = service.getAcquisition(m_first);
+        const auto acquisition = panel.acquisitionActions()->acquisition();
         QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
-        collection->getParameter(QStringLiteral("@CameraDevice/Width"))->setValue(qint64(640));
-        QTRY_COMPARE(collection->getParameter(QStringLiteral("@CameraDevice/Width"))
-                         ->getParameterData()
-                         ->value.toLongLong(),
-                     qint64(640));
+        QVERIFY(write(QStringLiteral("Width"), qint64(640)));
         panel.acquisitionActions()->continuousShot()->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(panel.shownFrame() && panel.shownFrame()->width() == 640, 20000);
         QCOMPARE(panel.view()->image().width(), 640);
@@ -309,12 +328,8 @@ private Q_SLOTS:
 
     void stopStopsTheFrameCount()
     {
-        Backend::AcquisitionService service(m_pool.data());
-        ImagePanel panel;
-        panel.setServices(&service, m_pool.data());
-        panel.show();
-        panel.setActiveDevice(m_first);
-        IAcquisition* acquisition = service.getAcquisition(m_first);
+        ImagePanel& panel = panelOnTheFirstCamera();
+        IAcquisition* acquisition = panel.acquisitionActions()->acquisition();
         QVERIFY(acquisition);
         panel.acquisitionActions()->continuousShot()->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(panel.view()->paintedCount() >= 3, 20000);
@@ -335,20 +350,12 @@ private Q_SLOTS:
 
     void softwareTriggerGivesOneFrame()
     {
-        Backend::AcquisitionService service(m_pool.data());
-        ImagePanel panel;
-        panel.setServices(&service, m_pool.data());
-        panel.show();
-        panel.setActiveDevice(m_first);
-        const auto collection = m_pool->getParameterCollection(m_first);
-        collection->getParameter(QStringLiteral("@CameraDevice/TriggerSelector"))
-            ->setValue(QStringLiteral("FrameStart"));
-        collection->getParameter(QStringLiteral("@CameraDevice/TriggerSource"))
-            ->setValue(QStringLiteral("Software"));
-        collection->getParameter(QStringLiteral("@CameraDevice/TriggerMode"))
-            ->setValue(QStringLiteral("On"));
+        ImagePanel& panel = panelOnTheFirstCamera();
+        QVERIFY(write(QStringLiteral("TriggerSelector"), QStringLiteral("FrameStart")));
+        QVERIFY(write(QStringLiteral("TriggerSource"), QStringLiteral("Software")));
+        QVERIFY(write(QStringLiteral("TriggerMode"), QStringLiteral("On")));
         QTRY_VERIFY(panel.acquisitionActions()->softwareTrigger()->isEnabled());
-        IAcquisition* acquisition = service.getAcquisition(m_first);
+        IAcquisition* acquisition = panel.acquisitionActions()->acquisition();
         panel.acquisitionActions()->continuousShot()->trigger();
         QTRY_COMPARE(acquisition->state(), IAcquisition::Acquiring);
         QCOMPARE(acquisition->statistics().completed, quint64(0));
@@ -366,11 +373,9 @@ private Q_SLOTS:
     {
         // Given the window with two open cameras, the first one acquiring
         QTemporaryDir settings;
-        isolateSettings(settings.path());
-        m_panel.reset();
         std::unique_ptr<VantoViewer::PluginManager> plugins;
         std::unique_ptr<VantoViewer::MainWindow> window;
-        const QString failure = startTestHost(m_pool, plugins, window);
+        const QString failure = startWindow(settings, plugins, window);
         QVERIFY2(failure.isEmpty(), qPrintable(failure));
         window->addDevice(m_first);
         window->addDevice(m_second);
@@ -412,21 +417,13 @@ private Q_SLOTS:
         }
         QVERIFY(QDir().mkpath(directory));
         QTemporaryDir settings;
-        isolateSettings(settings.path());
-        m_panel.reset();
         std::unique_ptr<VantoViewer::PluginManager> plugins;
         std::unique_ptr<VantoViewer::MainWindow> window;
-        const QString failure = startTestHost(m_pool, plugins, window);
+        const QString failure = startWindow(settings, plugins, window);
         QVERIFY2(failure.isEmpty(), qPrintable(failure));
         window->resize(1920, 1080);
         window->addDevice(m_first);
-        const auto collection = m_pool->getParameterCollection(m_first);
-        collection->getParameter(QStringLiteral("@CameraDevice/PixelFormat"))
-            ->setValue(QStringLiteral("BayerRG8"));
-        QTRY_COMPARE(collection->getParameter(QStringLiteral("@CameraDevice/PixelFormat"))
-                         ->getParameterData()
-                         ->value.toString(),
-                     QStringLiteral("BayerRG8"));
+        QVERIFY(write(QStringLiteral("PixelFormat"), QStringLiteral("BayerRG8")));
         window->histogramDock()->findChild<QCheckBox*>()->setChecked(true);
         ImagePanel* panel = window->imagePanel();
         panel->acquisitionActions()->continuousShot()->trigger();
