@@ -12,15 +12,13 @@ namespace Backend {
 
 Acquisition::Acquisition(QSharedPointer<DeviceParameterCollection> collection, QObject* parent)
     : IAcquisition(parent), m_collection(std::move(collection)),
-      m_sink(std::make_shared<FrameSink>()), m_counters(std::make_shared<StreamCounters>()),
-      m_channel(std::make_shared<StreamChannel>(m_sink, m_counters))
+      m_channel(m_collection->streamChannel()), m_sink(m_channel->sink()),
+      m_counters(m_channel->counters())
 {
     qRegisterMetaType<Plugin::Acquisition::FramePtr>();
     qRegisterMetaType<Plugin::Acquisition::IAcquisition::State>();
     m_sink->attach(this, {[this] { onFrameReady(); }, [this] { onEnded(); },
                           [this](const QString& reason) { fail(reason); }});
-    std::shared_ptr<StreamChannel> channel = m_channel;
-    m_collection->postToDeviceThread([channel](DeviceWorker& worker) { channel->install(worker); });
     connect(m_collection.data(), &ParameterCollection::IParameterCollection::deviceLost, this,
             [this](const QString& message) {
                 if (m_state != Idle) {
@@ -33,10 +31,11 @@ Acquisition::Acquisition(QSharedPointer<DeviceParameterCollection> collection, Q
 Acquisition::~Acquisition()
 {
     m_sink->detach();
-    // The channel goes on the device thread, after it closed the stream there.
+    // The stream closes on the device thread; the channel stays with the camera.
     std::shared_ptr<StreamChannel> channel = std::move(m_channel);
-    m_collection->postToDeviceThread(
-        [channel = std::move(channel)](DeviceWorker&) mutable { channel->shutdown(); });
+    m_collection->postToDeviceThread([channel = std::move(channel)](DeviceWorker& worker) mutable {
+        channel->stop(worker, !worker.isLost());
+    });
 }
 
 void Acquisition::setState(State state)

@@ -19,6 +19,7 @@ struct StreamCounters;
 class Acquisition : public Plugin::Acquisition::IAcquisition {
     Q_OBJECT
 public:
+    // `collection` has its stream channel (CameraPool gives every camera one).
     explicit Acquisition(QSharedPointer<DeviceParameterCollection> collection,
                          QObject* parent = nullptr);
     ~Acquisition() override;
@@ -42,9 +43,9 @@ private:
     void failToIdle(const QString& reason);
 
     QSharedPointer<DeviceParameterCollection> m_collection;
+    std::shared_ptr<StreamChannel> m_channel; // the camera's, made as it opened
     std::shared_ptr<FrameSink> m_sink;
     std::shared_ptr<StreamCounters> m_counters;
-    std::shared_ptr<StreamChannel> m_channel;
     State m_state = Idle;
     Mode m_mode = Continuous;
     bool m_ended = false; // the device stopped on its own since the last start

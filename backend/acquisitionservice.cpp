@@ -28,7 +28,7 @@ void AcquisitionService::add(const QSharedPointer<Plugin::CameraPool::IBaseInfo>
     }
     auto collection =
         qSharedPointerObjectCast<DeviceParameterCollection>(m_pool->getParameterCollection(info));
-    if (collection) {
+    if (collection && collection->streamChannel()) {
         m_acquisitions.insert(info.data(), new Acquisition(collection, this));
     }
 }

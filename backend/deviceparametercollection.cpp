@@ -1,6 +1,7 @@
 #include "deviceparametercollection.h"
 
 #include "deviceparameter.h"
+#include "streamchannel.h"
 #include "errormapping.h"
 #include "threadretirement.h"
 #include "valuetext.h"
@@ -47,10 +48,12 @@ DeviceParameterCollection::~DeviceParameterCollection()
     // is done with what it was doing, and the thread ends after it.
     DeviceWorker* worker = m_worker;
     QThread* thread = m_thread;
+    std::shared_ptr<StreamChannel> channel = std::move(m_streamChannel);
     QMetaObject::invokeMethod(
         worker,
-        [worker, thread] {
+        [worker, thread, channel]() mutable {
             delete worker;
+            channel.reset();
             thread->quit();
         },
         Qt::QueuedConnection);

@@ -17,6 +17,7 @@
 namespace Backend {
 
 class SimulatedDevice;
+class StreamChannel;
 
 // The parameter collection of one device. Lives on the GUI thread and answers everything from
 // the structure and the latest value snapshots; device I/O runs on the device thread owned
@@ -70,6 +71,10 @@ public:
     NodeMapStructurePtr structure(const QString& nodeMapName) const;
     // Runs `job` on the device thread and waits for it; for tests, tools and benchmarks.
     void runOnDeviceThread(const std::function<void(DeviceWorker&)>& job);
+    // The camera's stream, bound as it opened; null for a collection without one. It goes on
+    // the device thread, after the worker.
+    void setStreamChannel(std::shared_ptr<StreamChannel> channel) { m_streamChannel = channel; }
+    const std::shared_ptr<StreamChannel>& streamChannel() const { return m_streamChannel; }
     // Queues `job` for the device thread and returns at once.
     void postToDeviceThread(std::function<void(DeviceWorker&)> job);
     // Waits until every job queued so far has run and its results have arrived.
@@ -138,6 +143,7 @@ private:
     QString m_lostReason;
     int m_attachTimeoutMs = 0;
     QPointer<QEventLoop> m_attachLoop; // the wait of the attach in progress
+    std::shared_ptr<StreamChannel> m_streamChannel;
 };
 
 } // namespace Backend

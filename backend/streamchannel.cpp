@@ -3,6 +3,7 @@
 #include "streamchannel.h"
 
 #include "aravisstream.h"
+#include "devicelogic.h"
 #include "deviceworker.h"
 #include "errormapping.h"
 #include "framesink.h"
@@ -107,15 +108,6 @@ void StreamChannel::install(DeviceWorker& worker)
     } else if (ArvDevice* device = worker.arvDevice(camera)) {
         m_stream = std::make_unique<AravisStream>(device, m_sink, m_counters);
     }
-    m_grabberMap = worker.mapIndex(kGrabber);
-    if (SimulatedDevice* grabber = worker.simulatedDevice(m_grabberMap)) {
-        m_grabber = grabber;
-        bindGrabber(*grabber);
-        // The first values were read before the binding: read them from the stream now.
-        QVector<int> all(worker.structure(m_grabberMap)->nodes.size());
-        std::iota(all.begin(), all.end(), 0);
-        worker.readObserved(m_grabberMap, all);
-    }
     std::weak_ptr<StreamChannel> weak = shared_from_this();
     worker.addTeardown([weak] {
         if (auto self = weak.lock()) {
@@ -124,8 +116,9 @@ void StreamChannel::install(DeviceWorker& worker)
     });
 }
 
-void StreamChannel::bindGrabber(SimulatedDevice& grabber)
+std::unique_ptr<DeviceLogic> StreamChannel::bindGrabber(SimulatedDevice& grabber)
 {
+    m_grabber = &grabber;
     ArvGc* gc = grabber.genicam();
     const std::shared_ptr<StreamCounters> c = m_counters;
     const bool packets = m_stream && m_stream->countsPackets();
@@ -148,7 +141,7 @@ void StreamChannel::bindGrabber(SimulatedDevice& grabber)
     bind("Statistic_Missed_Frame_Count", [c] { return c->missedFrames.load(); });
     // What this camera's stream can back at all.
     bind("VntStreamCountsPacketsReg", [packets] { return packets ? 1u : 0u; });
-    bind("VntStreamHasBuffersReg", [c, this] { return m_stream ? 1u : 0u; });
+    bind("VntStreamHasBuffersReg", [this] { return m_stream ? 1u : 0u; });
     bind("VntNotHonouredReg", [] { return 0u; });
     m_statisticReset = registerOf(gc, grabber, "Statistic_Reset");
 
@@ -163,6 +156,7 @@ void StreamChannel::bindGrabber(SimulatedDevice& grabber)
             self->onGrabberWrite(device, address);
         }
     });
+    return nullptr; // the hooks are the whole of its logic
 }
 
 void StreamChannel::onGrabberRead(SimulatedDevice& grabber, quint64 address)
@@ -419,7 +413,7 @@ bool StreamChannel::start(DeviceWorker& worker, IAcquisition::Mode mode, QString
     if (m_simulated != nullptr) {
         refreshSimulated();
     }
-    republish(worker, m_grabberMap, QStringLiteral("StreamAnnouncedBufferCount"));
+    republish(worker, worker.mapIndex(kGrabber), QStringLiteral("StreamAnnouncedBufferCount"));
     return true;
 }
 
@@ -441,10 +435,11 @@ void StreamChannel::stop(DeviceWorker& worker, bool stopDevice)
     }
     m_stream->close();
     // The stream's final counts, for whoever shows them next (a dump after a grab).
-    if (m_grabber != nullptr) {
-        QVector<int> all(worker.structure(m_grabberMap)->nodes.size());
+    const int grabberMap = worker.mapIndex(kGrabber);
+    if (m_grabber != nullptr && grabberMap >= 0) {
+        QVector<int> all(worker.structure(grabberMap)->nodes.size());
         std::iota(all.begin(), all.end(), 0);
-        worker.readObserved(m_grabberMap, all);
+        worker.readObserved(grabberMap, all);
     }
 }
 

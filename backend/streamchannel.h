@@ -17,6 +17,7 @@ typedef struct _ArvGc ArvGc;
 
 namespace Backend {
 
+class DeviceLogic;
 class DeviceWorker;
 class FrameSink;
 class SimulatedDevice;
@@ -32,15 +33,21 @@ struct StreamCounters;
 // AcquisitionStart, AcquisitionStop and TriggerSoftware drive the SimulatedStream, and every
 // write makes it read the image settings again.
 //
-// Device thread only, from install() on.
+// Device thread only, from install() on, but for sink() and counters().
 class StreamChannel : public std::enable_shared_from_this<StreamChannel> {
 public:
     StreamChannel(std::shared_ptr<FrameSink> sink, std::shared_ptr<StreamCounters> counters);
     ~StreamChannel();
 
-    // Binds the channel to the worker's camera (node map "CameraDevice") and its
-    // "StreamGrabber0" node map, and publishes what the binding changed.
+    // Binds the channel to the worker's camera (node map "CameraDevice"), once it is attached.
     void install(DeviceWorker& worker);
+    // Binds the "StreamGrabber0" node map's registers to the stream, as its device logic:
+    // called as the node map attaches, after install(), so that its first values are the
+    // stream's.
+    std::unique_ptr<DeviceLogic> bindGrabber(SimulatedDevice& grabber);
+    // Any thread.
+    const std::shared_ptr<FrameSink>& sink() const { return m_sink; }
+    const std::shared_ptr<StreamCounters>& counters() const { return m_counters; }
     // Writes AcquisitionMode where the camera has it, opens the stream with MaxNumBuffer
     // buffers of PayloadSize bytes, and executes AcquisitionStart.
     bool start(DeviceWorker& worker, Plugin::Acquisition::IAcquisition::Mode mode, QString* error);
@@ -58,7 +65,6 @@ private:
         bool valid = false;
     };
 
-    void bindGrabber(SimulatedDevice& grabber);
     void bindSimulatedCamera(SimulatedDevice& camera);
     void onGrabberRead(SimulatedDevice& grabber, quint64 address);
     void onGrabberWrite(SimulatedDevice& grabber, quint64 address);
@@ -76,7 +82,6 @@ private:
     DeviceWorker* m_worker = nullptr;
     ArvGc* m_cameraGc = nullptr;
     SimulatedDevice* m_grabber = nullptr;
-    int m_grabberMap = -1;
 
     // @StreamGrabber0's registers, by address: the stream value each one reads.
     QHash<quint64, std::function<quint64()>> m_grabberReads;
