@@ -29,12 +29,25 @@ CommandLine::CommandLine()
              QStringLiteral("xx")),
       m_panel(QStringLiteral("panel"),
               QStringLiteral("Show this panel at start, by id (Nodescope.Widget.Basic) or title."),
-              QStringLiteral("PANEL"))
+              QStringLiteral("PANEL")),
+      m_live(QStringLiteral("live"),
+             QStringLiteral("Start acquiring at once (Continuous Shot); with --screenshot, the "
+                            "window is saved once the first image shows.")),
+      m_windowSize(QStringLiteral("window-size"),
+                   QStringLiteral("Open the window at this size, e.g. 1280x800."),
+                   QStringLiteral("WIDTHxHEIGHT")),
+      m_grab(QStringLiteral("grab"),
+             QStringLiteral("Acquire N frames from the camera, print how long it took, then "
+                            "exit."),
+             QStringLiteral("N")),
+      m_saveImage(QStringLiteral("save-image"),
+                  QStringLiteral("With --grab: save the last frame as FILE.png."),
+                  QStringLiteral("FILE.png"))
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Vanto Viewer: browse and edit the GenICam features of cameras."));
     m_parser.addOptions({m_help, m_version, m_simulate, m_camera, m_dump, m_discover, m_pluginDir,
-                         m_screenshot, m_lang, m_panel});
+                         m_screenshot, m_lang, m_panel, m_live, m_windowSize, m_grab, m_saveImage});
     m_parser.addPositionalArgument(QStringLiteral("FILE.xml"),
                                    QStringLiteral("GenICam description for --simulate."),
                                    QStringLiteral("[FILE.xml]"));
@@ -50,6 +63,7 @@ bool CommandLine::parse(const QStringList& arguments)
 {
     m_error.clear();
     m_mode = Mode::Window;
+    m_grabCount = 0;
     if (!m_parser.parse(arguments)) {
         return fail(m_parser.errorText());
     }
@@ -82,16 +96,52 @@ bool CommandLine::parse(const QStringList& arguments)
     }
     if (m_parser.isSet(m_discover)) {
         if (m_parser.isSet(m_dump) || m_parser.isSet(m_simulate) || m_parser.isSet(m_camera) ||
-            m_parser.isSet(m_screenshot)) {
+            m_parser.isSet(m_screenshot) || m_parser.isSet(m_grab)) {
             return fail(QStringLiteral("--discover cannot be combined with opening a camera"));
         }
         m_mode = Mode::Discover;
         return true;
     }
+    m_windowSizeValue = QSize();
+    if (m_parser.isSet(m_windowSize)) {
+        const QStringList sides = m_parser.value(m_windowSize).split(QLatin1Char('x'));
+        bool widthOk = false;
+        bool heightOk = false;
+        if (sides.size() == 2) {
+            m_windowSizeValue = QSize(sides.at(0).toInt(&widthOk), sides.at(1).toInt(&heightOk));
+        }
+        if (!widthOk || !heightOk || m_windowSizeValue.isEmpty()) {
+            return fail(QStringLiteral("--window-size needs WIDTHxHEIGHT, e.g. 1280x800, not %1")
+                            .arg(m_parser.value(m_windowSize)));
+        }
+    }
+    if (m_parser.isSet(m_saveImage) && !m_parser.isSet(m_grab)) {
+        return fail(QStringLiteral("--save-image saves a grabbed frame: it needs --grab N"));
+    }
+    if (m_parser.isSet(m_saveImage) && m_parser.value(m_saveImage).isEmpty()) {
+        return fail(QStringLiteral("--save-image needs a file name"));
+    }
+    if (m_parser.isSet(m_grab)) {
+        bool ok = false;
+        const int count = m_parser.value(m_grab).toInt(&ok);
+        if (!ok || count < 1) {
+            return fail(QStringLiteral("--grab needs a number of frames of 1 or more, not \"%1\"")
+                            .arg(m_parser.value(m_grab)));
+        }
+        if (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel) || m_parser.isSet(m_live) ||
+            m_parser.isSet(m_windowSize)) {
+            return fail(QStringLiteral("--grab shows no window: --screenshot, --panel, --live and "
+                                       "--window-size do not apply"));
+        }
+        m_grabCount = count;
+        m_mode = Mode::Grab;
+        return true;
+    }
     if (m_parser.isSet(m_dump)) {
-        if (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel)) {
-            return fail(QStringLiteral("--dump shows no window: --screenshot and --panel do "
-                                       "not apply"));
+        if (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel) || m_parser.isSet(m_live) ||
+            m_parser.isSet(m_windowSize)) {
+            return fail(QStringLiteral("--dump shows no window: --screenshot, --panel, --live "
+                                       "and --window-size do not apply"));
         }
         m_mode = Mode::Dump;
     }
@@ -134,9 +184,24 @@ QString CommandLine::language() const
     return m_parser.value(m_lang);
 }
 
+QString CommandLine::saveImage() const
+{
+    return m_parser.value(m_saveImage);
+}
+
+bool CommandLine::dumpAfterGrab() const
+{
+    return m_mode == Mode::Grab && m_parser.isSet(m_dump);
+}
+
 QString CommandLine::panel() const
 {
     return m_parser.value(m_panel);
+}
+
+bool CommandLine::live() const
+{
+    return m_parser.isSet(m_live);
 }
 
 } // namespace VantoViewer

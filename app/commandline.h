@@ -2,6 +2,7 @@
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -11,7 +12,7 @@ namespace VantoViewer {
 // mistyped command never does something else in silence.
 class CommandLine {
 public:
-    enum class Mode { Window, Dump, Discover, Help, Version };
+    enum class Mode { Window, Dump, Grab, Discover, Help, Version };
 
     CommandLine();
 
@@ -31,6 +32,15 @@ public:
     QString screenshot() const;
     QString language() const;
     QString panel() const;
+    // --live: Continuous Shot is pressed once the window shows.
+    bool live() const;
+    // --window-size WIDTHxHEIGHT; invalid when not given.
+    QSize windowSize() const { return m_windowSizeValue; }
+    // --grab N: the frames to acquire (0 without --grab), the file the last one is saved to,
+    // and whether the node maps are printed afterwards.
+    int grabCount() const { return m_grabCount; }
+    QString saveImage() const;
+    bool dumpAfterGrab() const;
 
 private:
     bool fail(const QString& error);
@@ -46,7 +56,13 @@ private:
     QCommandLineOption m_screenshot;
     QCommandLineOption m_lang;
     QCommandLineOption m_panel;
+    QCommandLineOption m_live;
+    QCommandLineOption m_windowSize;
+    QSize m_windowSizeValue;
+    QCommandLineOption m_grab;
+    QCommandLineOption m_saveImage;
     Mode m_mode = Mode::Window;
+    int m_grabCount = 0;
     QString m_error;
 };
 

@@ -6,7 +6,7 @@
 
 #include <QAction>
 #include <QFileDialog>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
@@ -84,13 +84,14 @@ DevicesPane::DevicesPane(QWidget* parent)
     m_scanButton->setToolTip(tr("Look for cameras on every network interface and on USB"));
     connect(m_scanButton, &QToolButton::clicked, this, &DevicesPane::scan);
 
-    auto* buttons = new QHBoxLayout;
+    // Two rows, so that the pane stays narrow beside the image.
+    auto* buttons = new QGridLayout;
     buttons->setContentsMargins(0, 0, 0, 0);
-    buttons->addWidget(m_openButton);
-    buttons->addWidget(m_closeButton);
-    buttons->addWidget(m_reconnectButton);
-    buttons->addStretch(1);
-    buttons->addWidget(m_scanButton);
+    const QList<QToolButton*> grid{m_openButton, m_closeButton, m_reconnectButton, m_scanButton};
+    for (int i = 0; i < grid.size(); ++i) {
+        grid.at(i)->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        buttons->addWidget(grid.at(i), i / 2, i % 2);
+    }
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);

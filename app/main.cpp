@@ -1,117 +1,33 @@
+#include "acquisitionactions.h"
 #include "commandline.h"
 #include "dumpcommand.h"
-#include "filledviewwatcher.h"
+#include "grabcommand.h"
 #include "hosttranslator.h"
+#include "imagepanel.h"
 #include "mainwindow.h"
 #include "pluginmanager.h"
+#include "screenshotrun.h"
 
+#include <acquisitionservice.h>
 #include <camerapool.h>
 #include <languagehelper/languagehelper.h>
 #include <parametercollection/exception.h>
 
-#include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QDockWidget>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 #include <QIcon>
-#include <QPixmap>
-#include <QPointer>
 #include <QTextStream>
-#include <QTimer>
 
 #include <memory>
 
-#ifdef Q_OS_LINUX
-#include <unistd.h>
-#endif
-
 namespace {
 
-constexpr int SCREENSHOT_GIVE_UP_MS = 20000;
 // A camera named on the command line opens before there is a window to cancel from.
 constexpr int COMMAND_LINE_OPEN_TIMEOUT_MS = 30000;
 constexpr int EXIT_USAGE = 2;
-
-// The feature view of a panel: its tree, or its feature table when the panel shows a tab.
-QAbstractItemView* featureViewIn(QDockWidget* dock)
-{
-    const QList<QAbstractItemView*> views = dock->findChildren<QAbstractItemView*>();
-    for (const char* className :
-         {"FeatureTreeView", "Plugin::Nodescope::Internal::View::CFeatureTableView"}) {
-        for (QAbstractItemView* view : views) {
-            if (view->inherits(className) && view->isVisible()) {
-                return view;
-            }
-        }
-    }
-    return nullptr;
-}
-
-// The feature view the user sees first: that of the panel brought to the front, else that of
-// the default panel. The panel is filled once it paints with rows.
-QAbstractItemView* shownFeatureView(const VantoViewer::MainWindow& window, QDockWidget* front)
-{
-    for (QDockWidget* dock :
-         {front, window.panelDock(Core::CId(VantoViewer::MainWindow::DEFAULT_PANEL_ID))}) {
-        if (QAbstractItemView* view = dock ? featureViewIn(dock) : nullptr) {
-            return view;
-        }
-    }
-    return nullptr;
-}
-
-// Milliseconds since the kernel created this process, so that loading the libraries and static
-// initialisation count too. The kernel keeps the start in clock ticks (usually 10 ms) and
-// /proc/uptime counts in hundredths of a second, so the figure is good to about one tick either
-// way; `tickMs` gets the tick's length. Negative when it cannot be known.
-double msSinceProcessStart(double* tickMs)
-{
-#ifdef Q_OS_LINUX
-    QFile stat(QStringLiteral("/proc/self/stat"));
-    QFile uptime(QStringLiteral("/proc/uptime"));
-    if (!stat.open(QIODevice::ReadOnly) || !uptime.open(QIODevice::ReadOnly)) {
-        return -1;
-    }
-    const QByteArray line = stat.readAll();
-    // Both count from boot, suspended time included.
-    bool uptimeOk = false;
-    const double uptimeSeconds = uptime.readAll().split(' ').first().toDouble(&uptimeOk);
-    // The command name in parentheses may hold spaces; the fields after it start at the 3rd.
-    const int nameEnd = line.lastIndexOf(')');
-    const QList<QByteArray> fields = line.mid(nameEnd + 2).split(' ');
-    constexpr int START_TIME_FIELD = 22 - 3;
-    if (nameEnd < 0 || fields.size() <= START_TIME_FIELD) {
-        return -1;
-    }
-    bool ok = false;
-    const qulonglong startTicks = fields.at(START_TIME_FIELD).toULongLong(&ok);
-    const long ticksPerSecond = sysconf(_SC_CLK_TCK);
-    if (!ok || !uptimeOk || ticksPerSecond <= 0) {
-        return -1;
-    }
-    *tickMs = 1000.0 / ticksPerSecond;
-    return uptimeSeconds * 1000.0 - startTicks * *tickMs;
-#else
-    Q_UNUSED(tickMs)
-    return -1;
-#endif
-}
-
-// One line for bench_startup and for anyone timing a start by hand.
-void reportFeaturesShown(QTextStream& err, const QElapsedTimer& sinceMain)
-{
-    double tickMs = 0;
-    const double sinceStart = msSinceProcessStart(&tickMs);
-    err << "vantoviewer: features shown after ";
-    if (sinceStart >= 0) {
-        err << qRound(sinceStart) << " ms since the process started (counted in " << tickMs
-            << " ms ticks), ";
-    }
-    err << sinceMain.elapsed() << " ms since main() began\n";
-    err.flush();
-}
 
 } // namespace
 
@@ -172,6 +88,11 @@ int main(int argc, char** argv)
     }
 
     const bool window = commandLine.mode() == Mode::Window;
+    // The window has its own; a grab needs one before the camera opens.
+    std::unique_ptr<Backend::AcquisitionService> acquisitions;
+    if (commandLine.mode() == Mode::Grab) {
+        acquisitions = std::make_unique<Backend::AcquisitionService>(pool.data());
+    }
     QSharedPointer<Backend::CameraInfo> info;
     try {
         if (!commandLine.camera().isEmpty()) {
@@ -188,6 +109,16 @@ int main(int argc, char** argv)
     // Cameras the user opens in the window can be cancelled there.
     pool->setOpenTimeout(0);
 
+    if (commandLine.mode() == Mode::Grab) {
+        int status = VantoViewer::GrabCommand(out, err).run(
+            *acquisitions->getAcquisition(info), commandLine.grabCount(), commandLine.saveImage());
+        if (status == VantoViewer::GrabCommand::EXIT_OK && commandLine.dumpAfterGrab()) {
+            status =
+                VantoViewer::DumpCommand(out, err).run(*info, pool->getParameterCollection(info));
+        }
+        pool->closeAll();
+        return status;
+    }
     if (!window) {
         const int status =
             VantoViewer::DumpCommand(out, err).run(*info, pool->getParameterCollection(info));
@@ -233,6 +164,9 @@ int main(int argc, char** argv)
     mainWindow->attachPluginServices(plugins.initializer());
     plugins.postInitializeAll();
     mainWindow->restoreLayout();
+    if (commandLine.windowSize().isValid()) {
+        mainWindow->resize(commandLine.windowSize());
+    }
     if (info) {
         mainWindow->addDevice(info);
     }
@@ -244,53 +178,29 @@ int main(int argc, char** argv)
         }
     }
     mainWindow->show();
-
-    QTimer giveUp;
-    giveUp.setSingleShot(true);
-    bool saved = false;
-    int result = 0;
-    if (!commandLine.screenshot().isEmpty()) {
-        const QString file = commandLine.screenshot();
-        VantoViewer::MainWindow* shown = mainWindow.get();
-        QAbstractItemView* tree = shownFeatureView(*shown, frontPanel);
-        QPointer<VantoViewer::FilledViewWatcher> watcher;
-        if (tree) {
-            watcher = new VantoViewer::FilledViewWatcher(tree, shown); // child of the window
-        }
-        const auto saveAndQuit = [&saved, &giveUp, &result, &err, shown, file, watcher]() {
-            if (saved) {
-                return;
-            }
-            saved = true;
-            giveUp.stop();
-            if (!watcher || !watcher->hasSeenFilledPaint()) {
-                err << "vantoviewer: the features did not show up; saving the window anyway\n";
-            }
-            if (!shown->grab().save(file)) {
-                err << "vantoviewer: cannot write " << file << "\n";
-                result = 1;
-            }
-            err.flush();
-            QCoreApplication::quit();
-        };
-        QObject::connect(&giveUp, &QTimer::timeout, shown, saveAndQuit);
-        if (watcher) {
-            QObject::connect(watcher.data(), &VantoViewer::FilledViewWatcher::filledPaint, shown,
-                             [&giveUp, &err, &sinceMain, shown, saveAndQuit]() {
-                                 giveUp.stop();
-                                 reportFeaturesShown(err, sinceMain);
-                                 // The paint is still on its way to the screen; grab after it.
-                                 QTimer::singleShot(0, shown, saveAndQuit);
-                             });
-            giveUp.start(SCREENSHOT_GIVE_UP_MS);
+    if (commandLine.live()) {
+        QAction* continuous = mainWindow->imagePanel()->acquisitionActions()->continuousShot();
+        if (continuous->isEnabled()) {
+            continuous->trigger();
         } else {
-            // Without a tree there is nothing to wait for.
-            QTimer::singleShot(0, shown, saveAndQuit);
+            err << "vantoviewer: --live: the camera has no stream to start\n";
         }
+    }
+
+    std::unique_ptr<VantoViewer::ScreenshotRun> screenshot;
+    if (!commandLine.screenshot().isEmpty()) {
+        screenshot = std::make_unique<VantoViewer::ScreenshotRun>(
+            *mainWindow, frontPanel, commandLine.screenshot(), err, sinceMain);
+        if (commandLine.live()) {
+            screenshot->awaitFirstImage();
+        }
+        screenshot->start();
     }
 
     const int code = app.exec();
     // The panels run the plug-in's code: they go first, then the plug-ins, then the cameras.
+    const int result = screenshot ? screenshot->result() : 0;
+    screenshot.reset();
     mainWindow.reset();
     plugins.unloadAll();
     pool->closeAll();

@@ -1,17 +1,22 @@
 #include "mainwindow.h"
 
+#include "acquisitionactions.h"
 #include "cameraname.h"
 #include "changejournal.h"
 #include "changespanel.h"
 #include "devicespane.h"
 #include "featureinstantiationservice.h"
 #include "featurestatusbar.h"
+#include "histogrampanel.h"
+#include "imagepanel.h"
 #include "menuservice.h"
 #include "openingprogress.h"
 #include "visibilitytoolbar.h"
 #include "windowservice.h"
 
+#include <acquisitionservice.h>
 #include <appcore/appcoreconstants.h>
+#include <acquisitionservice.h>
 #include <appcore/idockpanelfactory.h>
 #include <camerapool.h>
 #include <core/iplugininitializer.h>
@@ -27,17 +32,25 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShowEvent>
+#include <QToolBar>
+
+#include <algorithm>
 
 namespace VantoViewer {
 
 namespace {
-constexpr int DEFAULT_WIDTH = 1000;
-constexpr int DEFAULT_HEIGHT = 700;
-constexpr int DEVICES_WIDTH = 300;
+constexpr int DEFAULT_WIDTH = 1280;
+constexpr int DEFAULT_HEIGHT = 800;
+// The Devices pane shows names only; the feature panels need room for names and values.
+constexpr int DEVICES_MIN_WIDTH = 220;
+constexpr int DEVICES_MAX_WIDTH = 300;
+constexpr int FEATURES_MIN_WIDTH = 380;
+constexpr int FEATURES_MAX_WIDTH = 560;
+constexpr int HISTOGRAM_HEIGHT = 220;
 constexpr char LAYOUT_ID[] = "VantoViewer.MainWindow";
 constexpr char VISIBILITY_KEY[] = "Visibility";
 // Bumped when the docks change so that an old layout is not forced onto new docks.
-constexpr int LAYOUT_VERSION = 2;
+constexpr int LAYOUT_VERSION = 3;
 
 Plugin::AppCore::CContext globalContext()
 {
@@ -54,6 +67,9 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
       m_devicesPane(new DevicesPane(m_devicesDock)),
       m_visibilityToolBar(new VisibilityToolBar(this)), m_statusBar(new FeatureStatusBar(this))
 {
+    if (m_pool) {
+        m_acquisitionService = QSharedPointer<Backend::AcquisitionService>::create(m_pool.data());
+    }
     setObjectName(QStringLiteral("VantoViewerMainWindow"));
     setWindowTitle(tr("Vanto Viewer"));
     resize(DEFAULT_WIDTH, DEFAULT_HEIGHT);
@@ -99,6 +115,7 @@ MainWindow::MainWindow(QSharedPointer<Backend::CameraPool> pool, QWidget* parent
         Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
     createCameraActions();
     createChangesPanel();
+    createImagePanels();
 
     m_statusBar->showMessage(tr("Ready"));
 
@@ -188,6 +205,47 @@ void MainWindow::createChangesPanel()
     connect(m_journal, &ChangeJournal::refused, m_statusBar, &FeatureStatusBar::showError);
 }
 
+void MainWindow::createImagePanels()
+{
+    m_imagePanel = new ImagePanel(this);
+    m_imagePanel->setServices(m_acquisitionService.data(), m_pool.data());
+    setCentralWidget(m_imagePanel);
+    // The acquisition's tool bar sits in the window's tool bar row, where it has the room.
+    addToolBar(Qt::TopToolBarArea, m_imagePanel->toolBar());
+    m_menuService->addAction(Core::CId(QStringLiteral("VantoViewer.Window.ImageToolBar")),
+                             m_imagePanel->toolBar()->toggleViewAction(),
+                             Core::CId(Plugin::AppCore::Constants::M_WINDOW),
+                             Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS),
+                             globalContext());
+
+    m_histogramDock = new QDockWidget(tr("Histogram"), this);
+    m_histogramDock->setObjectName(QStringLiteral("VantoViewer.Histogram"));
+    m_histogramDock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetClosable);
+    m_histogramPanel = new HistogramPanel(m_histogramDock);
+    m_histogramDock->setWidget(m_histogramPanel);
+    addDockWidget(Qt::RightDockWidgetArea, m_histogramDock);
+    connect(m_imagePanel, &ImagePanel::histogramChanged, m_histogramPanel,
+            &HistogramPanel::setHistogram);
+    connect(m_imagePanel, &ImagePanel::histogramCleared, m_histogramPanel, &HistogramPanel::clear);
+    m_menuService->addAction(
+        Core::CId(QStringLiteral("VantoViewer.Window.Histogram")),
+        m_histogramDock->toggleViewAction(), Core::CId(Plugin::AppCore::Constants::M_WINDOW),
+        Core::CId(Plugin::AppCore::Constants::G_WINDOW_WINDOWS), globalContext());
+
+    m_menuService->addAction(
+        Core::CId(QStringLiteral("VantoViewer.Camera.SaveImage")), m_imagePanel->saveImageAction(),
+        Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+        Core::CId(Plugin::AppCore::Constants::G_CAMERA_FEATURES), globalContext());
+    auto* acquisitionMenu = new QMenu(tr("&Acquisition"), menuBar());
+    acquisitionMenu->setObjectName(QStringLiteral("VantoViewer.Menu.Acquisition"));
+    acquisitionMenu->addActions(m_imagePanel->acquisitionActions()->actions());
+    acquisitionMenu->addSeparator();
+    acquisitionMenu->addAction(m_imagePanel->fitAction());
+    acquisitionMenu->addAction(m_imagePanel->actualSizeAction());
+    QMenu* windowMenu = m_menuService->menu(Core::CId(Plugin::AppCore::Constants::M_WINDOW));
+    menuBar()->insertMenu(windowMenu ? windowMenu->menuAction() : nullptr, acquisitionMenu);
+}
+
 MainWindow::~MainWindow()
 {
     saveLayout();
@@ -233,12 +291,21 @@ void MainWindow::showEvent(QShowEvent* event)
         return;
     }
     m_layoutRestored = true;
-    // The feature tree needs the room; the camera list only shows names. Sizes apply only
-    // once the docks are laid out, hence after showing.
+    // The image takes the centre; the feature tree needs the room at the right, the histogram
+    // below it, and the camera list only shows names. Sizes apply only once the docks are laid
+    // out, hence after showing.
     QDockWidget* panel = panelDock(Core::CId(DEFAULT_PANEL_ID));
     if (panel) {
-        resizeDocks({m_devicesDock, panel}, {DEVICES_WIDTH, width() - DEVICES_WIDTH},
-                    Qt::Horizontal);
+        // Below the panels' tabs as a whole: a split beside one tab would only add a tab.
+        removeDockWidget(m_histogramDock);
+        addDockWidget(Qt::RightDockWidgetArea, m_histogramDock, Qt::Vertical);
+        m_histogramDock->show();
+        const int devicesWidth = std::clamp(width() * 4 / 25, DEVICES_MIN_WIDTH, DEVICES_MAX_WIDTH);
+        const int featuresWidth =
+            std::clamp(width() * 3 / 10, FEATURES_MIN_WIDTH, FEATURES_MAX_WIDTH);
+        resizeDocks({m_devicesDock, panel}, {devicesWidth, featuresWidth}, Qt::Horizontal);
+        resizeDocks({panel, m_histogramDock}, {height() - HISTOGRAM_HEIGHT, HISTOGRAM_HEIGHT},
+                    Qt::Vertical);
     }
 }
 
@@ -248,6 +315,7 @@ QList<QSharedPointer<Core::Service::IService>> MainWindow::hostServices() const
                                                             m_instantiationService};
     if (m_pool) {
         services.append(m_pool);
+        services.append(m_acquisitionService);
     }
     return services;
 }
@@ -442,6 +510,7 @@ void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::
 {
     m_closeAction->setEnabled(!info.isNull());
     m_refreshAction->setEnabled(!info.isNull());
+    m_imagePanel->setActiveDevice(info);
     if (!info) {
         m_statusBar->showFeature({});
     }

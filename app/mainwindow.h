@@ -16,6 +16,7 @@ class QDockWidget;
 class QMenu;
 
 namespace Backend {
+class AcquisitionService;
 class CameraInfo;
 class CameraPool;
 } // namespace Backend
@@ -46,6 +47,8 @@ class ChangesPanel;
 class DevicesPane;
 class FeatureInstantiationService;
 class FeatureStatusBar;
+class HistogramPanel;
+class ImagePanel;
 class MenuService;
 class VisibilityToolBar;
 class WindowService;
@@ -90,6 +93,8 @@ public:
     QDockWidget* showPanel(const QString& idOrTitle);
     QDockWidget* devicesDock() const;
     DevicesPane* devicesPane() const;
+    ImagePanel* imagePanel() const { return m_imagePanel; }
+    QDockWidget* histogramDock() const { return m_histogramDock; }
     VisibilityToolBar* visibilityToolBar() const;
     FeatureStatusBar* featureStatusBar() const;
     QSharedPointer<MenuService> menuService() const;
@@ -130,8 +135,11 @@ private:
     void createChangesPanel();
     // The panel's widget renamed it (a user tab); an empty title hides the panel.
     void retitlePanel(QDockWidget* dock, const QString& title);
+    void createImagePanels();
 
     QSharedPointer<Backend::CameraPool> m_pool;
+    // Each open camera's acquisition, offered to the plug-ins next to the pool.
+    QSharedPointer<Backend::AcquisitionService> m_acquisitionService;
     QSharedPointer<WindowService> m_windowService;
     QSharedPointer<MenuService> m_menuService;
     QSharedPointer<FeatureInstantiationService> m_instantiationService;
@@ -141,6 +149,9 @@ private:
     DevicesPane* m_devicesPane;                                            // child
     VisibilityToolBar* m_visibilityToolBar;                                // child
     FeatureStatusBar* m_statusBar;                                         // child
+    ImagePanel* m_imagePanel = nullptr;                                    // child
+    HistogramPanel* m_histogramPanel = nullptr;                            // child
+    QDockWidget* m_histogramDock = nullptr;                                // child
     QAction* m_refreshAction = nullptr;                                    // child
     QAction* m_closeAction = nullptr;                                      // child
     ChangeJournal* m_journal = nullptr;                                    // child

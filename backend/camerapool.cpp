@@ -5,7 +5,10 @@
 #include "builtincameralogic.h"
 #include "deviceparametercollection.h"
 #include "deviceworker.h"
+#include "framesink.h"
 #include "simulateddevice.h"
+#include "streamchannel.h"
+#include "streamcounters.h"
 #include "threadretirement.h"
 #include "transportlayermodule.h"
 
@@ -92,18 +95,28 @@ QString CameraPool::builtinCameraDefaults()
 void CameraPool::attachModules(DeviceParameterCollection& collection,
                                const TransportLayerSource& source)
 {
+    // The camera's stream is chosen now, so that StreamGrabber0's registers are bound to it
+    // from their first read on.
+    auto channel = std::make_shared<StreamChannel>(std::make_shared<FrameSink>(),
+                                                   std::make_shared<StreamCounters>());
+    collection.runOnDeviceThread([channel](DeviceWorker& worker) { channel->install(worker); });
+    collection.setStreamChannel(channel);
     for (const Module& module : kModules) {
         const QString base = QStringLiteral(":/vantoviewer/genicam/") + QLatin1String(module.file);
         const bool transportLayer = &module == &kModules[0];
+        const bool grabber = qstrcmp(module.nodeMap, "StreamGrabber0") == 0;
         if (transportLayer) {
             collection.setLogicFactory([source](SimulatedDevice& device) {
                 return std::unique_ptr<DeviceLogic>(new TransportLayerModule(device, source));
             });
+        } else if (grabber) {
+            collection.setLogicFactory(
+                [channel](SimulatedDevice& device) { return channel->bindGrabber(device); });
         }
         collection.attachSimulated(
             QLatin1String(module.nodeMap), readResource(base + QStringLiteral(".xml")),
             QString::fromUtf8(readResource(base + QStringLiteral(".defaults"))));
-        if (transportLayer) {
+        if (transportLayer || grabber) {
             collection.setLogicFactory(nullptr);
         }
     }

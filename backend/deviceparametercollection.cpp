@@ -1,6 +1,7 @@
 #include "deviceparametercollection.h"
 
 #include "deviceparameter.h"
+#include "streamchannel.h"
 #include "errormapping.h"
 #include "threadretirement.h"
 #include "valuetext.h"
@@ -50,10 +51,12 @@ DeviceParameterCollection::~DeviceParameterCollection()
     // is done with what it was doing, and the thread ends after it.
     DeviceWorker* worker = m_worker;
     QThread* thread = m_thread;
+    std::shared_ptr<StreamChannel> channel = std::move(m_streamChannel);
     QMetaObject::invokeMethod(
         worker,
-        [worker, thread] {
+        [worker, thread, channel]() mutable {
             delete worker;
+            channel.reset();
             thread->quit();
         },
         Qt::QueuedConnection);
@@ -71,6 +74,13 @@ void DeviceParameterCollection::runOnDeviceThread(const std::function<void(Devic
     DeviceWorker* worker = m_worker;
     QMetaObject::invokeMethod(
         worker, [worker, &job] { job(*worker); }, Qt::BlockingQueuedConnection);
+}
+
+void DeviceParameterCollection::postToDeviceThread(std::function<void(DeviceWorker&)> job)
+{
+    DeviceWorker* worker = m_worker;
+    QMetaObject::invokeMethod(
+        worker, [worker, job = std::move(job)] { job(*worker); }, Qt::QueuedConnection);
 }
 
 void DeviceParameterCollection::waitForDevice()

@@ -18,6 +18,7 @@
 namespace Backend {
 
 class SimulatedDevice;
+class StreamChannel;
 
 // The parameter collection of one device. Lives on the GUI thread and answers everything from
 // the structure and the latest value snapshots; device I/O runs on the device thread owned
@@ -92,6 +93,12 @@ public:
     NodeMapStructurePtr structure(const QString& nodeMapName) const;
     // Runs `job` on the device thread and waits for it; for tests, tools and benchmarks.
     void runOnDeviceThread(const std::function<void(DeviceWorker&)>& job);
+    // The camera's stream, bound as it opened; null for a collection without one. It goes on
+    // the device thread, after the worker.
+    void setStreamChannel(std::shared_ptr<StreamChannel> channel) { m_streamChannel = channel; }
+    const std::shared_ptr<StreamChannel>& streamChannel() const { return m_streamChannel; }
+    // Queues `job` for the device thread and returns at once.
+    void postToDeviceThread(std::function<void(DeviceWorker&)> job);
     // Waits until every job queued so far has run and its results have arrived.
     void waitForDevice();
     // The same for at most `timeoutMs`, with the event loop running; false when the device
@@ -170,6 +177,7 @@ private:
     WriteOrigin m_writeOrigin = WriteOrigin::User;
     quint64 m_lastWriteId = 0;
     QVector<QPair<quint64, WriteRecord>> m_unanswered; // queued writes, oldest first
+    std::shared_ptr<StreamChannel> m_streamChannel;
 };
 
 } // namespace Backend

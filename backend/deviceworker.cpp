@@ -62,6 +62,9 @@ DeviceWorker::DeviceWorker(QObject* parent) : QObject(parent)
 
 DeviceWorker::~DeviceWorker()
 {
+    for (const auto& fn : m_teardown) {
+        fn();
+    }
     for (auto& map : m_maps) {
         if (map->controlLostHandler != 0) {
             g_signal_handler_disconnect(map->device, map->controlLostHandler);
@@ -173,6 +176,28 @@ SimulatedDevice* DeviceWorker::simulatedDevice(int map) const
         return nullptr;
     }
     return m_maps[size_t(map)]->simulated.get();
+}
+
+int DeviceWorker::mapIndex(const QString& nodeMapName) const
+{
+    for (std::size_t i = 0; i < m_maps.size(); ++i) {
+        if (m_maps[i]->name == nodeMapName) {
+            return int(i);
+        }
+    }
+    return -1;
+}
+
+ArvDevice* DeviceWorker::arvDevice(int map) const
+{
+    return map >= 0 && std::size_t(map) < m_maps.size() ? m_maps[std::size_t(map)]->device
+                                                        : nullptr;
+}
+
+ArvGc* DeviceWorker::genicam(int map) const
+{
+    return map >= 0 && std::size_t(map) < m_maps.size() ? m_maps[std::size_t(map)]->genicam
+                                                        : nullptr;
 }
 
 QVector<int> DeviceWorker::dependencyClosure(int mapIndex, int node) const

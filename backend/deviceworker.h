@@ -16,6 +16,7 @@
 #include <vector>
 
 typedef struct _ArvDevice ArvDevice;
+typedef struct _ArvGc ArvGc;
 
 namespace Backend {
 
@@ -65,6 +66,15 @@ public:
     // built-in camera's behaviour.
     void setLogicFactory(std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> factory);
 
+    // Device thread: the index of the node map attached under `nodeMapName`, or -1; its device
+    // and its GenICam document.
+    int mapIndex(const QString& nodeMapName) const;
+    ArvDevice* arvDevice(int map) const;
+    ArvGc* genicam(int map) const;
+    // Device thread: `fn` runs when the worker goes, before any device is released (a stream
+    // must end before its device).
+    void addTeardown(std::function<void()> fn) { m_teardown.push_back(std::move(fn)); }
+
     bool isLost() const { return m_lost.load(); }
     // Any thread: the device told us it is gone (Aravis's control-lost comes from its own
     // heartbeat thread).
@@ -108,6 +118,7 @@ private:
     std::function<std::unique_ptr<DeviceLogic>(SimulatedDevice&)> m_logicFactory;
     QSet<QPair<int, int>> m_runningCommands;
     QTimer* m_commandTimer = nullptr;
+    std::vector<std::function<void()>> m_teardown;
 };
 
 } // namespace Backend

@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <location filename="../acquisitionactions.cpp" line="+15"/>
+        <source>Single Shot</source>
+        <translation>Single Shot</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Continuous Shot</source>
+        <translation>Continuous Shot</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Software Trigger</source>
+        <translation>Software Trigger</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Acquires one image</source>
+        <translation>Acquires one image</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Acquires images until stopped</source>
+        <translation>Acquires images until stopped</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Stops acquiring</source>
+        <translation>Stops acquiring</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>Executes TriggerSoftware: one trigger for the camera</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
         <location filename="../changejournal.cpp" line="+30"/>
@@ -198,12 +241,12 @@
 <context>
     <name>VantoViewer::DevicesPane</name>
     <message>
-        <location filename="../devicespane.cpp" line="+165"/>
+        <location filename="../devicespane.cpp" line="+166"/>
         <source>%1 (lost)</source>
         <translation>%1 (lost)</translation>
     </message>
     <message>
-        <location line="-137"/>
+        <location line="-138"/>
         <source>Found cameras (double-click to open):</source>
         <translation>Found cameras (double-click to open):</translation>
     </message>
@@ -245,17 +288,17 @@
     </message>
     <message>
         <location line="+22"/>
-        <location line="+204"/>
+        <location line="+205"/>
         <source>Scan</source>
         <translation>Scan</translation>
     </message>
     <message>
-        <location line="-203"/>
+        <location line="-204"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>Look for cameras on every network interface and on USB</translation>
     </message>
     <message>
-        <location line="+138"/>
+        <location line="+139"/>
         <source>Scanning...</source>
         <translation>Scanning...</translation>
     </message>
@@ -294,7 +337,7 @@ Transport: %3</translation>
         <translation>No cameras found</translation>
     </message>
     <message>
-        <location line="-267"/>
+        <location line="-268"/>
         <source>Reconnect</source>
         <translation>Reconnect</translation>
     </message>
@@ -343,6 +386,138 @@ Transport: %3</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <location filename="../histogrampanel.cpp" line="+15"/>
+        <source>Logarithmic</source>
+        <translation>Logarithmic</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>Counts on a logarithmic scale, so that rare values show</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1: min %2, max %3, mean %4</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>No image</source>
+        <translation>No image</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <location filename="../imagepanel.cpp" line="+41"/>
+        <source>Save Image...</source>
+        <translation>Save Image...</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Fit</source>
+        <translation>Fit</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>100 %</source>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <location line="+51"/>
+        <source>Acquisition</source>
+        <translation>Acquisition</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>Shows the whole image</source>
+        <translation>Shows the whole image</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>Shows one screen pixel per image pixel</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>Writes the image shown as PNG, TIFF or raw bytes</translation>
+    </message>
+    <message>
+        <location line="+57"/>
+        <source>The acquisition failed: %1</source>
+        <translation>The acquisition failed: %1</translation>
+    </message>
+    <message>
+        <location line="+89"/>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>No camera is open. Open one in the Devices pane or the Camera menu.</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>This camera has no stream to show.</source>
+        <translation>This camera has no stream to show.</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</translation>
+    </message>
+    <message>
+        <location line="+44"/>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1, %2 × %3 pixels</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>x %1, y %2: %3</source>
+        <translation>x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>There is no image to save.</source>
+        <translation>There is no image to save.</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>PNG image (*.png)</source>
+        <translation>PNG image (*.png)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF image (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>Raw bytes with a side file (*.raw)</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <location line="+19"/>
+        <source>Save Image</source>
+        <translation>Save Image</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Cannot save %1: %2</source>
+        <translation>Cannot save %1: %2</translation>
+    </message>
+    <message>
+        <location line="-82"/>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>%1 fps received, %2 displayed, %3 MB/s</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>incomplete %1, dropped for display %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ImageWriter</name>
     <message>
         <location filename="../imagewriter.cpp" line="+57"/>
@@ -367,12 +542,12 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::MainWindow</name>
     <message>
-        <location filename="../mainwindow.cpp" line="+53"/>
+        <location filename="../mainwindow.cpp" line="+66"/>
         <source>Devices</source>
         <translation>Devices</translation>
     </message>
     <message>
-        <location line="+5"/>
+        <location line="+8"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
@@ -385,7 +560,7 @@ Transport: %3</translation>
         </translation>
     </message>
     <message>
-        <location line="+28"/>
+        <location line="+29"/>
         <source>Ready</source>
         <translation>Ready</translation>
     </message>
@@ -415,7 +590,7 @@ Transport: %3</translation>
         <translation>Reads every shown feature from the camera again</translation>
     </message>
     <message>
-        <location line="+167"/>
+        <location line="+218"/>
         <source>Cannot open %1: %2</source>
         <translation>Cannot open %1: %2</translation>
     </message>
@@ -430,7 +605,7 @@ Transport: %3</translation>
         <translation>the built-in camera</translation>
     </message>
     <message>
-        <location line="+149"/>
+        <location line="+150"/>
         <source>%1 is lost: %2</source>
         <translation>%1 is lost: %2</translation>
     </message>
@@ -440,7 +615,7 @@ Transport: %3</translation>
         <translation>Visibility</translation>
     </message>
     <message>
-        <location line="-115"/>
+        <location line="-116"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>Cannot reconnect %1: %2</translation>
     </message>
@@ -450,18 +625,18 @@ Transport: %3</translation>
         <translation>%1 is connected again</translation>
     </message>
     <message>
-        <location line="-314"/>
+        <location line="-366"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</translation>
     </message>
     <message>
-        <location line="+252"/>
+        <location line="+304"/>
         <location line="+35"/>
         <source>Opening %1...</source>
         <translation>Opening %1...</translation>
     </message>
     <message>
-        <location line="-248"/>
+        <location line="-299"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>Open Simulated Camera from GenICam File...</translation>
     </message>
@@ -469,6 +644,16 @@ Transport: %3</translation>
         <location line="+37"/>
         <source>Changes</source>
         <translation>Changes</translation>
+    </message>
+    <message>
+        <location line="+37"/>
+        <source>Histogram</source>
+        <translation>Histogram</translation>
+    </message>
+    <message>
+        <location line="+18"/>
+        <source>&amp;Acquisition</source>
+        <translation>&amp;Acquisition</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <location filename="../acquisitionactions.cpp" line="+15"/>
+        <source>Single Shot</source>
+        <translation>シングルショット</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Continuous Shot</source>
+        <translation>連続ショット</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Software Trigger</source>
+        <translation>ソフトウェアトリガー</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Acquires one image</source>
+        <translation>画像を 1 枚取得します</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Acquires images until stopped</source>
+        <translation>停止するまで画像を取得し続けます</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Stops acquiring</source>
+        <translation>取得を停止します</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>TriggerSoftware を実行します: カメラへのトリガー 1 回</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
         <location filename="../changejournal.cpp" line="+30"/>
@@ -197,12 +240,12 @@
 <context>
     <name>VantoViewer::DevicesPane</name>
     <message>
-        <location filename="../devicespane.cpp" line="+165"/>
+        <location filename="../devicespane.cpp" line="+166"/>
         <source>%1 (lost)</source>
         <translation>%1 (切断)</translation>
     </message>
     <message>
-        <location line="-137"/>
+        <location line="-138"/>
         <source>Found cameras (double-click to open):</source>
         <translation>見つかったカメラ (ダブルクリックで開く):</translation>
     </message>
@@ -244,17 +287,17 @@
     </message>
     <message>
         <location line="+22"/>
-        <location line="+204"/>
+        <location line="+205"/>
         <source>Scan</source>
         <translation>検索</translation>
     </message>
     <message>
-        <location line="-203"/>
+        <location line="-204"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>すべてのネットワークインターフェースと USB でカメラを検索します</translation>
     </message>
     <message>
-        <location line="+138"/>
+        <location line="+139"/>
         <source>Scanning...</source>
         <translation>検索中...</translation>
     </message>
@@ -293,7 +336,7 @@ Transport: %3</source>
         <translation>カメラが見つかりません</translation>
     </message>
     <message>
-        <location line="-267"/>
+        <location line="-268"/>
         <source>Reconnect</source>
         <translation>再接続</translation>
     </message>
@@ -342,6 +385,138 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <location filename="../histogrampanel.cpp" line="+15"/>
+        <source>Logarithmic</source>
+        <translation>対数</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>まれな値も見えるよう、度数を対数目盛で表示します</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1: 最小 %2、最大 %3、平均 %4</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>No image</source>
+        <translation>画像なし</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <location filename="../imagepanel.cpp" line="+41"/>
+        <source>Save Image...</source>
+        <translation>画像を保存...</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Fit</source>
+        <translation>全体表示</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>100 %</source>
+        <translation>等倍 (100 %)</translation>
+    </message>
+    <message>
+        <location line="+51"/>
+        <source>Acquisition</source>
+        <translation>取得</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>Shows the whole image</source>
+        <translation>画像全体を表示します</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>画像の 1 画素を画面の 1 ピクセルで表示します</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>表示中の画像を PNG、TIFF または生バイトで書き出します</translation>
+    </message>
+    <message>
+        <location line="+57"/>
+        <source>The acquisition failed: %1</source>
+        <translation>取得に失敗しました: %1</translation>
+    </message>
+    <message>
+        <location line="+89"/>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>カメラが開かれていません。デバイスペインまたはカメラメニューから開いてください。</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>This camera has no stream to show.</source>
+        <translation>このカメラには表示できるストリームがありません。</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>カメラの画像を見るには、連続ショット (%1) またはシングルショット (%2) を押してください。</translation>
+    </message>
+    <message>
+        <location line="+44"/>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1、%2 × %3 ピクセル</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>x %1, y %2: %3</source>
+        <translation>画素 x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>There is no image to save.</source>
+        <translation>保存する画像がありません。</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>PNG image (*.png)</source>
+        <translation>PNG 画像 (*.png)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF 画像 (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>生バイトと説明ファイル (*.raw)</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <location line="+19"/>
+        <source>Save Image</source>
+        <translation>画像を保存</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Cannot save %1: %2</source>
+        <translation>%1 を保存できません: %2</translation>
+    </message>
+    <message>
+        <location line="-82"/>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>受信 %1 fps、表示 %2 fps、%3 MB/s</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>不完全 %1、表示で破棄 %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ImageWriter</name>
     <message>
         <location filename="../imagewriter.cpp" line="+57"/>
@@ -366,12 +541,12 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::MainWindow</name>
     <message>
-        <location filename="../mainwindow.cpp" line="+53"/>
+        <location filename="../mainwindow.cpp" line="+66"/>
         <source>Devices</source>
         <translation>デバイス</translation>
     </message>
     <message>
-        <location line="+5"/>
+        <location line="+8"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
@@ -383,7 +558,7 @@ Transport: %3</source>
         </translation>
     </message>
     <message>
-        <location line="+28"/>
+        <location line="+29"/>
         <source>Ready</source>
         <translation>準備完了</translation>
     </message>
@@ -413,7 +588,7 @@ Transport: %3</source>
         <translation>表示中のすべての機能をカメラから再度読み込みます</translation>
     </message>
     <message>
-        <location line="+167"/>
+        <location line="+218"/>
         <source>Cannot open %1: %2</source>
         <translation>%1 を開けません: %2</translation>
     </message>
@@ -428,7 +603,7 @@ Transport: %3</source>
         <translation>内蔵カメラ</translation>
     </message>
     <message>
-        <location line="+149"/>
+        <location line="+150"/>
         <source>%1 is lost: %2</source>
         <translation>%1 との接続が切れました: %2</translation>
     </message>
@@ -438,7 +613,7 @@ Transport: %3</source>
         <translation>表示レベル</translation>
     </message>
     <message>
-        <location line="-115"/>
+        <location line="-116"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>%1 に再接続できません: %2</translation>
     </message>
@@ -448,18 +623,18 @@ Transport: %3</source>
         <translation>%1 に再接続しました</translation>
     </message>
     <message>
-        <location line="-314"/>
+        <location line="-366"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>設定を %1 に保存できません: %2。レイアウトと表示レベルの変更はビューアーを閉じると失われます。</translation>
     </message>
     <message>
-        <location line="+252"/>
+        <location line="+304"/>
         <location line="+35"/>
         <source>Opening %1...</source>
         <translation>%1 を開いています...</translation>
     </message>
     <message>
-        <location line="-248"/>
+        <location line="-299"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>GenICam ファイルからシミュレートカメラを開く...</translation>
     </message>
@@ -467,6 +642,16 @@ Transport: %3</source>
         <location line="+37"/>
         <source>Changes</source>
         <translation>変更履歴</translation>
+    </message>
+    <message>
+        <location line="+37"/>
+        <source>Histogram</source>
+        <translation>ヒストグラム</translation>
+    </message>
+    <message>
+        <location line="+18"/>
+        <source>&amp;Acquisition</source>
+        <translation>取得(&amp;A)</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <location filename="../acquisitionactions.cpp" line="+15"/>
+        <source>Single Shot</source>
+        <translation>단일 촬영</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Continuous Shot</source>
+        <translation>연속 촬영</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Stop</source>
+        <translation>정지</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Software Trigger</source>
+        <translation>소프트웨어 트리거</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Acquires one image</source>
+        <translation>이미지를 한 장 획득합니다</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Acquires images until stopped</source>
+        <translation>정지할 때까지 이미지를 획득합니다</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Stops acquiring</source>
+        <translation>획득을 정지합니다</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>TriggerSoftware 실행: 카메라에 트리거 한 번</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
         <location filename="../changejournal.cpp" line="+30"/>
@@ -197,12 +240,12 @@
 <context>
     <name>VantoViewer::DevicesPane</name>
     <message>
-        <location filename="../devicespane.cpp" line="+165"/>
+        <location filename="../devicespane.cpp" line="+166"/>
         <source>%1 (lost)</source>
         <translation>%1 (연결 끊김)</translation>
     </message>
     <message>
-        <location line="-137"/>
+        <location line="-138"/>
         <source>Found cameras (double-click to open):</source>
         <translation>찾은 카메라 (두 번 클릭하여 열기):</translation>
     </message>
@@ -244,17 +287,17 @@
     </message>
     <message>
         <location line="+22"/>
-        <location line="+204"/>
+        <location line="+205"/>
         <source>Scan</source>
         <translation>검색</translation>
     </message>
     <message>
-        <location line="-203"/>
+        <location line="-204"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>모든 네트워크 인터페이스와 USB에서 카메라를 찾습니다</translation>
     </message>
     <message>
-        <location line="+138"/>
+        <location line="+139"/>
         <source>Scanning...</source>
         <translation>검색 중...</translation>
     </message>
@@ -293,7 +336,7 @@ Transport: %3</source>
         <translation>카메라를 찾지 못했습니다</translation>
     </message>
     <message>
-        <location line="-267"/>
+        <location line="-268"/>
         <source>Reconnect</source>
         <translation>다시 연결</translation>
     </message>
@@ -342,6 +385,138 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <location filename="../histogrampanel.cpp" line="+15"/>
+        <source>Logarithmic</source>
+        <translation>로그</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>드문 값도 보이도록 빈도를 로그 눈금으로 표시합니다</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1: 최소 %2, 최대 %3, 평균 %4</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>No image</source>
+        <translation>이미지 없음</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <location filename="../imagepanel.cpp" line="+41"/>
+        <source>Save Image...</source>
+        <translation>이미지 저장...</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Fit</source>
+        <translation>맞춤</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>100 %</source>
+        <translation>원본 크기 (100 %)</translation>
+    </message>
+    <message>
+        <location line="+51"/>
+        <source>Acquisition</source>
+        <translation>획득</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>Shows the whole image</source>
+        <translation>이미지 전체를 표시합니다</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>이미지 픽셀 하나를 화면 픽셀 하나로 표시합니다</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>표시 중인 이미지를 PNG, TIFF 또는 원시 바이트로 저장합니다</translation>
+    </message>
+    <message>
+        <location line="+57"/>
+        <source>The acquisition failed: %1</source>
+        <translation>획득에 실패했습니다: %1</translation>
+    </message>
+    <message>
+        <location line="+89"/>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>열린 카메라가 없습니다. 장치 창이나 카메라 메뉴에서 여십시오.</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>This camera has no stream to show.</source>
+        <translation>이 카메라에는 표시할 스트림이 없습니다.</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>카메라 이미지를 보려면 연속 촬영 (%1) 또는 단일 촬영 (%2)을 누르십시오.</translation>
+    </message>
+    <message>
+        <location line="+44"/>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1, %2 × %3 픽셀</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>x %1, y %2: %3</source>
+        <translation>픽셀 x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>There is no image to save.</source>
+        <translation>저장할 이미지가 없습니다.</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>PNG image (*.png)</source>
+        <translation>PNG 이미지 (*.png)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF 이미지 (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>원시 바이트와 설명 파일 (*.raw)</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <location line="+19"/>
+        <source>Save Image</source>
+        <translation>이미지 저장</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Cannot save %1: %2</source>
+        <translation>%1을(를) 저장할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <location line="-82"/>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>수신 %1 fps, 표시 %2 fps, %3 MB/s</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>불완전 %1, 표시에서 버림 %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ImageWriter</name>
     <message>
         <location filename="../imagewriter.cpp" line="+57"/>
@@ -366,12 +541,12 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::MainWindow</name>
     <message>
-        <location filename="../mainwindow.cpp" line="+53"/>
+        <location filename="../mainwindow.cpp" line="+66"/>
         <source>Devices</source>
         <translation>장치</translation>
     </message>
     <message>
-        <location line="+5"/>
+        <location line="+8"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
@@ -383,7 +558,7 @@ Transport: %3</source>
         </translation>
     </message>
     <message>
-        <location line="+28"/>
+        <location line="+29"/>
         <source>Ready</source>
         <translation>준비됨</translation>
     </message>
@@ -413,7 +588,7 @@ Transport: %3</source>
         <translation>표시된 모든 기능을 카메라에서 다시 읽습니다</translation>
     </message>
     <message>
-        <location line="+167"/>
+        <location line="+218"/>
         <source>Cannot open %1: %2</source>
         <translation>%1을(를) 열 수 없습니다: %2</translation>
     </message>
@@ -428,7 +603,7 @@ Transport: %3</source>
         <translation>내장 카메라</translation>
     </message>
     <message>
-        <location line="+149"/>
+        <location line="+150"/>
         <source>%1 is lost: %2</source>
         <translation>%1 연결이 끊어졌습니다: %2</translation>
     </message>
@@ -438,7 +613,7 @@ Transport: %3</source>
         <translation>표시 수준</translation>
     </message>
     <message>
-        <location line="-115"/>
+        <location line="-116"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>%1에 다시 연결할 수 없음: %2</translation>
     </message>
@@ -448,18 +623,18 @@ Transport: %3</source>
         <translation>%1에 다시 연결됨</translation>
     </message>
     <message>
-        <location line="-314"/>
+        <location line="-366"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>설정을 %1에 저장할 수 없습니다: %2. 레이아웃과 표시 수준의 변경은 뷰어를 닫으면 사라집니다.</translation>
     </message>
     <message>
-        <location line="+252"/>
+        <location line="+304"/>
         <location line="+35"/>
         <source>Opening %1...</source>
         <translation>%1 여는 중...</translation>
     </message>
     <message>
-        <location line="-248"/>
+        <location line="-299"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>GenICam 파일에서 시뮬레이션 카메라 열기...</translation>
     </message>
@@ -467,6 +642,16 @@ Transport: %3</source>
         <location line="+37"/>
         <source>Changes</source>
         <translation>변경 내역</translation>
+    </message>
+    <message>
+        <location line="+37"/>
+        <source>Histogram</source>
+        <translation>히스토그램</translation>
+    </message>
+    <message>
+        <location line="+18"/>
+        <source>&amp;Acquisition</source>
+        <translation>획득(&amp;A)</translation>
     </message>
 </context>
 <context>

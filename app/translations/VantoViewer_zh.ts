@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en_US">
 <context>
+    <name>VantoViewer::AcquisitionActions</name>
+    <message>
+        <location filename="../acquisitionactions.cpp" line="+15"/>
+        <source>Single Shot</source>
+        <translation>单帧采集</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Continuous Shot</source>
+        <translation>连续采集</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Software Trigger</source>
+        <translation>软件触发</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Acquires one image</source>
+        <translation>采集一幅图像</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Acquires images until stopped</source>
+        <translation>持续采集图像直到停止</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Stops acquiring</source>
+        <translation>停止采集</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Executes TriggerSoftware: one trigger for the camera</source>
+        <translation>执行 TriggerSoftware：向相机发出一次触发</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
         <location filename="../changejournal.cpp" line="+30"/>
@@ -197,12 +240,12 @@
 <context>
     <name>VantoViewer::DevicesPane</name>
     <message>
-        <location filename="../devicespane.cpp" line="+165"/>
+        <location filename="../devicespane.cpp" line="+166"/>
         <source>%1 (lost)</source>
         <translation>%1 (已断开)</translation>
     </message>
     <message>
-        <location line="-137"/>
+        <location line="-138"/>
         <source>Found cameras (double-click to open):</source>
         <translation>找到的相机 (双击打开):</translation>
     </message>
@@ -244,17 +287,17 @@
     </message>
     <message>
         <location line="+22"/>
-        <location line="+204"/>
+        <location line="+205"/>
         <source>Scan</source>
         <translation>扫描</translation>
     </message>
     <message>
-        <location line="-203"/>
+        <location line="-204"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>在所有网络接口和 USB 上查找相机</translation>
     </message>
     <message>
-        <location line="+138"/>
+        <location line="+139"/>
         <source>Scanning...</source>
         <translation>正在扫描...</translation>
     </message>
@@ -293,7 +336,7 @@ Transport: %3</source>
         <translation>未找到相机</translation>
     </message>
     <message>
-        <location line="-267"/>
+        <location line="-268"/>
         <source>Reconnect</source>
         <translation>重新连接</translation>
     </message>
@@ -342,6 +385,138 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::HistogramPanel</name>
+    <message>
+        <location filename="../histogrampanel.cpp" line="+15"/>
+        <source>Logarithmic</source>
+        <translation>对数</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Counts on a logarithmic scale, so that rare values show</source>
+        <translation>以对数刻度显示计数，使稀少的值也能看到</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>%1: min %2, max %3, mean %4</source>
+        <translation>%1：最小 %2，最大 %3，平均 %4</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>No image</source>
+        <translation>无图像</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::ImagePanel</name>
+    <message>
+        <location filename="../imagepanel.cpp" line="+41"/>
+        <source>Save Image...</source>
+        <translation>保存图像...</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Fit</source>
+        <translation>适合窗口</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>100 %</source>
+        <translation>原始大小 (100 %)</translation>
+    </message>
+    <message>
+        <location line="+51"/>
+        <source>Acquisition</source>
+        <translation>采集</translation>
+    </message>
+    <message>
+        <location line="+16"/>
+        <source>Shows the whole image</source>
+        <translation>显示整幅图像</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Shows one screen pixel per image pixel</source>
+        <translation>每个图像像素显示为一个屏幕像素</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Writes the image shown as PNG, TIFF or raw bytes</source>
+        <translation>将显示的图像写为 PNG、TIFF 或原始字节</translation>
+    </message>
+    <message>
+        <location line="+57"/>
+        <source>The acquisition failed: %1</source>
+        <translation>采集失败：%1</translation>
+    </message>
+    <message>
+        <location line="+89"/>
+        <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
+        <translation>没有打开的相机。请在设备窗格或相机菜单中打开一台。</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>This camera has no stream to show.</source>
+        <translation>此相机没有可显示的图像流。</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
+        <translation>按连续采集 (%1) 或单帧采集 (%2) 查看相机图像。</translation>
+    </message>
+    <message>
+        <location line="+44"/>
+        <source>%1, %2 × %3 pixels</source>
+        <translation>%1，%2 × %3 像素</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>x %1, y %2: %3</source>
+        <translation>像素 x %1, y %2: %3</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>There is no image to save.</source>
+        <translation>没有可保存的图像。</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>PNG image (*.png)</source>
+        <translation>PNG 图像 (*.png)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>TIFF image (*.tif *.tiff)</source>
+        <translation>TIFF 图像 (*.tif *.tiff)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Raw bytes with a side file (*.raw)</source>
+        <translation>原始字节及说明文件 (*.raw)</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <location line="+19"/>
+        <source>Save Image</source>
+        <translation>保存图像</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Cannot save %1: %2</source>
+        <translation>无法保存 %1：%2</translation>
+    </message>
+    <message>
+        <location line="-82"/>
+        <source>%1 fps received, %2 displayed, %3 MB/s</source>
+        <translation>接收 %1 fps，显示 %2 fps，%3 MB/s</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>incomplete %1, dropped for display %2</source>
+        <translation>不完整 %1，显示丢弃 %2</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::ImageWriter</name>
     <message>
         <location filename="../imagewriter.cpp" line="+57"/>
@@ -366,12 +541,12 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::MainWindow</name>
     <message>
-        <location filename="../mainwindow.cpp" line="+53"/>
+        <location filename="../mainwindow.cpp" line="+66"/>
         <source>Devices</source>
         <translation>设备</translation>
     </message>
     <message>
-        <location line="+5"/>
+        <location line="+8"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
@@ -383,7 +558,7 @@ Transport: %3</source>
         </translation>
     </message>
     <message>
-        <location line="+28"/>
+        <location line="+29"/>
         <source>Ready</source>
         <translation>就绪</translation>
     </message>
@@ -413,7 +588,7 @@ Transport: %3</source>
         <translation>从相机重新读取所有显示的功能</translation>
     </message>
     <message>
-        <location line="+167"/>
+        <location line="+218"/>
         <source>Cannot open %1: %2</source>
         <translation>无法打开 %1: %2</translation>
     </message>
@@ -428,7 +603,7 @@ Transport: %3</source>
         <translation>内置相机</translation>
     </message>
     <message>
-        <location line="+149"/>
+        <location line="+150"/>
         <source>%1 is lost: %2</source>
         <translation>%1 已断开连接: %2</translation>
     </message>
@@ -438,7 +613,7 @@ Transport: %3</source>
         <translation>可见性级别</translation>
     </message>
     <message>
-        <location line="-115"/>
+        <location line="-116"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>无法重新连接 %1: %2</translation>
     </message>
@@ -448,18 +623,18 @@ Transport: %3</source>
         <translation>%1 已重新连接</translation>
     </message>
     <message>
-        <location line="-314"/>
+        <location line="-366"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>无法将设置保存到 %1: %2。关闭查看器后，布局和可见性级别的更改将丢失。</translation>
     </message>
     <message>
-        <location line="+252"/>
+        <location line="+304"/>
         <location line="+35"/>
         <source>Opening %1...</source>
         <translation>正在打开 %1...</translation>
     </message>
     <message>
-        <location line="-248"/>
+        <location line="-299"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>从 GenICam 文件打开模拟相机...</translation>
     </message>
@@ -467,6 +642,16 @@ Transport: %3</source>
         <location line="+37"/>
         <source>Changes</source>
         <translation>更改记录</translation>
+    </message>
+    <message>
+        <location line="+37"/>
+        <source>Histogram</source>
+        <translation>直方图</translation>
+    </message>
+    <message>
+        <location line="+18"/>
+        <source>&amp;Acquisition</source>
+        <translation>采集(&amp;A)</translation>
     </message>
 </context>
 <context>

@@ -26,12 +26,15 @@ public:
         Continuous,  // until stop()
         SingleFrame, // one frame, then the acquisition stops on its own
     };
+    Q_ENUM(Mode)
     enum State {
         Idle,
         Starting,
         Acquiring,
         Stopping,
     };
+    // Known to the meta-type system, so that stateChanged can be queued and spied on.
+    Q_ENUM(State)
 
     using QObject::QObject;
     ~IAcquisition() override = default;

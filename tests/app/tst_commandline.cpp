@@ -33,6 +33,37 @@ private Q_SLOTS:
                                  << QString();
         QTest::newRow("discover") << QStringList{QStringLiteral("--discover")}
                                   << CommandLine::Mode::Discover << QString();
+        QTest::newRow("grab from a simulated file")
+            << QStringList{QStringLiteral("--simulate"), file, QStringLiteral("--grab"),
+                           QStringLiteral("5")}
+            << CommandLine::Mode::Grab << file;
+        QTest::newRow("grab, save and dump")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("3"),
+                           QStringLiteral("--save-image"), QStringLiteral("a.png"),
+                           QStringLiteral("--dump")}
+            << CommandLine::Mode::Grab << QString();
+    }
+
+    void shouldTellWhatToGrab()
+    {
+        CommandLine commandLine;
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--camera"),
+                                   QStringLiteral("127.0.0.1"), QStringLiteral("--grab"),
+                                   QStringLiteral("100"), QStringLiteral("--save-image"),
+                                   QStringLiteral("last.png"), QStringLiteral("--dump")}));
+        QCOMPARE(commandLine.mode(), CommandLine::Mode::Grab);
+        QCOMPARE(commandLine.grabCount(), 100);
+        QCOMPARE(commandLine.saveImage(), QStringLiteral("last.png"));
+        QVERIFY(commandLine.dumpAfterGrab());
+        QCOMPARE(commandLine.camera(), QStringLiteral("127.0.0.1"));
+
+        QVERIFY(commandLine.parse(
+            {QStringLiteral("vantoviewer"), QStringLiteral("--grab"), QStringLiteral("1")}));
+        QVERIFY(!commandLine.dumpAfterGrab());
+        QVERIFY(commandLine.saveImage().isEmpty());
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--dump")}));
+        QCOMPARE(commandLine.grabCount(), 0);
+        QVERIFY(!commandLine.dumpAfterGrab());
     }
 
     void shouldUnderstandEveryUseItOffers()
@@ -83,6 +114,32 @@ private Q_SLOTS:
             << QStringLiteral("only with --simulate");
         QTest::newRow("an empty file name")
             << QStringList{QStringLiteral("--simulate"), QString()} << QStringLiteral("empty");
+        QTest::newRow("a live dump")
+            << QStringList{QStringLiteral("--dump"), QStringLiteral("--live")}
+            << QStringLiteral("--live");
+        QTest::newRow("a window size without height")
+            << QStringList{QStringLiteral("--window-size"), QStringLiteral("1280")}
+            << QStringLiteral("WIDTHxHEIGHT");
+        QTest::newRow("an empty window")
+            << QStringList{QStringLiteral("--window-size"), QStringLiteral("0x800")}
+            << QStringLiteral("0x800");
+        QTest::newRow("grab no frames")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("0")}
+            << QStringLiteral("1 or more");
+        QTest::newRow("grab a word")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("many")}
+            << QStringLiteral("\"many\"");
+        QTest::newRow("save without grab")
+            << QStringList{QStringLiteral("--save-image"), QStringLiteral("a.png")}
+            << QStringLiteral("needs --grab");
+        QTest::newRow("grab and screenshot")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("2"),
+                           QStringLiteral("--screenshot"), QStringLiteral("a.png")}
+            << QStringLiteral("--screenshot");
+        QTest::newRow("grab while discovering")
+            << QStringList{QStringLiteral("--discover"), QStringLiteral("--grab"),
+                           QStringLiteral("2")}
+            << QStringLiteral("--discover");
     }
 
     void shouldRefuseWhatItDoesNotUnderstandAndSayWhat()
@@ -96,6 +153,20 @@ private Q_SLOTS:
         QVERIFY2(commandLine.errorText().contains(error), qPrintable(commandLine.errorText()));
     }
 
+    void shouldStartLiveAtTheSizeAskedFor()
+    {
+        CommandLine commandLine;
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--simulate"),
+                                   QStringLiteral("--live"), QStringLiteral("--window-size"),
+                                   QStringLiteral("1920x1080")}));
+        QVERIFY(commandLine.live());
+        QCOMPARE(commandLine.windowSize(), QSize(1920, 1080));
+
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--simulate")}));
+        QVERIFY(!commandLine.live());
+        QVERIFY(!commandLine.windowSize().isValid());
+    }
+
     void shouldOfferUsageThatNamesEveryOption()
     {
         CommandLine commandLine;
@@ -104,7 +175,8 @@ private Q_SLOTS:
         const QString usage = commandLine.helpText();
 
         for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
-                                   "--screenshot", "--lang", "--panel", "FILE.xml"}) {
+                                   "--screenshot", "--lang", "--panel", "--live", "--window-size",
+                                   "--grab", "--save-image", "FILE.xml"}) {
             QVERIFY2(usage.contains(QLatin1String(option)), option);
         }
     }

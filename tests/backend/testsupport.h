@@ -1,5 +1,7 @@
 #pragma once
 
+#include "../fakegigecamera.h"
+
 #include <camerapool.h>
 
 #include <parametercollection/exception.h>
@@ -80,63 +82,20 @@ inline void addVendorDescriptionRows()
     }
 }
 
-// arv-fake-gv-camera-0.8 on 127.0.0.1, killed by its PID when this goes. It runs only inside a
-// private network namespace (run-in-netns.sh), so nothing it sends leaves the machine.
-class FakeGigECamera {
-public:
-    FakeGigECamera() = default;
-    FakeGigECamera(const FakeGigECamera&) = delete;
-    FakeGigECamera& operator=(const FakeGigECamera&) = delete;
-    ~FakeGigECamera() { kill(); }
-
-    // Why it can't run here, or empty.
-    static QString unavailableReason()
-    {
-        if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
-            return QStringLiteral(
-                "needs a private network namespace (run through run-in-netns.sh)");
-        }
-        if (QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8")).isEmpty()) {
-            return QStringLiteral("arv-fake-gv-camera-0.8 is not installed");
-        }
-        return QString();
-    }
-
-    // Starts it and opens it in `pool` once it answers; null when it never did.
-    QSharedPointer<Backend::CameraInfo> startAndOpen(Backend::CameraPool& pool)
-    {
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8")),
-                        {QStringLiteral("-i"), QStringLiteral("127.0.0.1")});
-        if (!m_process.waitForStarted()) {
-            return nullptr;
-        }
-        m_pid = m_process.processId();
-        QSharedPointer<Backend::CameraInfo> info;
-        // The fake camera needs a moment to bind its socket.
-        QElapsedTimer waited;
-        waited.start();
-        while (!info && waited.elapsed() < 10000) {
-            try {
-                info = pool.openDevice(QStringLiteral("127.0.0.1"));
-            } catch (const ParameterCollection::Exception&) {
-                QTest::qWait(100);
-            }
-        }
-        return info;
-    }
-
-    // Kills it at once, as a camera that loses power.
-    void kill()
-    {
-        if (m_pid > 0 && m_process.state() != QProcess::NotRunning) {
-            ::kill(pid_t(m_pid), SIGKILL);
-            m_process.waitForFinished(5000);
+// Opens the fake camera (tests/fakegigecamera.h), once started, in `pool` as soon as it
+// answers; null when it never did.
+inline QSharedPointer<Backend::CameraInfo> openFakeGigECamera(Backend::CameraPool& pool)
+{
+    QSharedPointer<Backend::CameraInfo> info;
+    // The fake camera needs a moment to bind its socket.
+    QElapsedTimer waited;
+    waited.start();
+    while (!info && waited.elapsed() < 10000) {
+        try {
+            info = pool.openDevice(QStringLiteral("127.0.0.1"));
+        } catch (const ParameterCollection::Exception&) {
+            QTest::qWait(100);
         }
     }
-    bool hasFinished() const { return m_process.state() == QProcess::NotRunning; }
-
-private:
-    QProcess m_process;
-    qint64 m_pid = 0;
-};
+    return info;
+}

@@ -1,5 +1,7 @@
 #include "testsupport.h"
 
+#include "../fakegigecamera.h"
+
 #include <camerapool.h>
 #include <deviceparametercollection.h>
 #include <deviceworker.h>
@@ -491,13 +493,14 @@ void tst_CameraPool::shouldExplainALockByTheFeatureThatDecidesIt()
 
 void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
 {
-    const QString unavailable = FakeGigECamera::unavailableReason();
+    FakeGigECamera camera;
+    const QString unavailable = camera.start();
     if (!unavailable.isEmpty()) {
         QSKIP(qPrintable(unavailable));
     }
-    FakeGigECamera camera;
+
     Backend::CameraPool pool;
-    const auto info = camera.startAndOpen(pool);
+    const auto info = openFakeGigECamera(pool);
     QVERIFY2(info, "the fake camera did not answer on 127.0.0.1");
     QVERIFY(info->isGigE());
     const auto collection = pool.getParameterCollection(info);
@@ -517,8 +520,7 @@ void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
     // Kill the camera; the GUI thread must keep ticking while Aravis times out.
     QSignalSpy lost(collection.data(), &IParameterCollection::deviceLost);
     width->addObserver();
-    camera.kill();
-    QVERIFY(camera.hasFinished());
+    QVERIFY(camera.kill());
     QTimer ticker;
     ticker.setInterval(10);
     QElapsedTimer sinceTick;

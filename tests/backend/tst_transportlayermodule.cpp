@@ -194,13 +194,13 @@ void tst_TransportLayerModule::shouldImplementNothingOfTheEventGrabber()
 
 void tst_TransportLayerModule::shouldShowTheFakeGigECameraAndNothingSimulated()
 {
-    const QString unavailable = FakeGigECamera::unavailableReason();
+    FakeGigECamera camera;
+    const QString unavailable = camera.start();
     if (!unavailable.isEmpty()) {
         QSKIP(qPrintable(unavailable));
     }
-    FakeGigECamera camera;
     CameraPool pool;
-    const auto info = camera.startAndOpen(pool);
+    const auto info = openFakeGigECamera(pool);
     QVERIFY2(info, "the fake camera did not answer on 127.0.0.1");
     auto& collection = collectionOf(pool, info);
 

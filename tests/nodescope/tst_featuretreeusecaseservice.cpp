@@ -546,8 +546,14 @@ void tst_FeatureTreeUseCaseService::shouldOfferOnlyFeaturesTheSimulatedCameraKno
     }
     QCOMPARE(checked, 23 + 9 + 36 + 5 + 43 + 11 + 54 + 20 + 13);
     // The basic use case also names the older features (ExposureTimeAbs, GainRaw,
-    // AcquisitionFrameRateAbs); the simulated camera keeps them beside the standard ones.
-    QCOMPARE(notImplemented, QStringList());
+    // AcquisitionFrameRateAbs); the simulated camera keeps them beside the standard ones. Only
+    // the GigE Vision counters are not implemented: a simulated stream has no packets.
+    for (const QString& name : notImplemented) {
+        QVERIFY2(name.endsWith(QLatin1String("@StreamGrabber0/Statistic_Missed_Frame_Count")) ||
+                     name.endsWith(QLatin1String("@StreamGrabber0/Statistic_Resend_Request_Count")),
+                 qPrintable(name));
+    }
+    QCOMPARE(notImplemented.size(), 2);
 }
 
 void tst_FeatureTreeUseCaseService::shouldHandOutCopiesOfItsMaps()

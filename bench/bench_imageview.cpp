@@ -1,0 +1,231 @@
+// The fake GigE Vision camera at its highest frame rate, streamed into the window with the
+// image shown: frames per second received next to Aravis's own bare loop (arv-camera-test,
+// which pops and pushes back buffers and does nothing else) in the same run, as a ratio, and
+// the GUI thread's longest pause meanwhile. Prints figures; never fails.
+//
+// The camera is reachable on 127.0.0.1 only: run it inside a network namespace of its own,
+//   tests/backend/run-in-netns.sh build/bench/bench_imageview [seconds]
+#include "acquisitionactions.h"
+#include "imagepanel.h"
+#include "imageview.h"
+#include "mainwindow.h"
+
+#include "../tests/fakegigecamera.h"
+
+#include <acquisition/iacquisition.h>
+#include <acquisition/iacquisitionservice.h>
+#include <camerapool.h>
+#include <parametercollection/iparametercollection.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+constexpr int DEFAULT_SECONDS = 5;
+constexpr int ROUNDS = 3;
+constexpr int WARM_UP_MS = 1500;
+constexpr int BEAT_MS = 2;
+constexpr double HIGHEST_RATE_HZ = 1000.0; // the fake camera's AcquisitionFrameRate maximum
+const QString ADDRESS = QStringLiteral("127.0.0.1");
+
+void turnEventLoop(int ms)
+{
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+// Aravis's own loop: the frames per second it prints once a second, the first one left out.
+double bareLoopFps(int seconds)
+{
+    QProcess test;
+    test.setProcessChannelMode(QProcess::MergedChannels);
+    test.start(
+        QStringLiteral("arv-camera-test-0.8"),
+        {QStringLiteral("-n"), ADDRESS, QStringLiteral("-f"), QString::number(HIGHEST_RATE_HZ)});
+    if (!test.waitForStarted()) {
+        return -1;
+    }
+    turnEventLoop((seconds + 1) * 1000);
+    ::kill(pid_t(test.processId()), SIGINT);
+    if (!test.waitForFinished(10000)) {
+        ::kill(pid_t(test.processId()), SIGKILL);
+        test.waitForFinished(5000);
+    }
+    const QRegularExpression line(QStringLiteral("^\\s*(\\d+) frames/s"),
+                                  QRegularExpression::MultilineOption);
+    QList<double> rates;
+    auto match = line.globalMatch(QString::fromUtf8(test.readAll()));
+    while (match.hasNext()) {
+        rates.append(match.next().captured(1).toDouble());
+    }
+    if (rates.size() < 2) {
+        return -1;
+    }
+    rates.removeFirst();
+    double sum = 0;
+    for (double rate : rates) {
+        sum += rate;
+    }
+    return sum / rates.size();
+}
+
+double median(QList<double> values)
+{
+    if (values.isEmpty()) {
+        return -1;
+    }
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+QSharedPointer<Backend::CameraInfo> openWhenItAnswers(Backend::CameraPool& pool)
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < 10000) {
+        try {
+            return pool.openDevice(ADDRESS);
+        } catch (const std::exception&) {
+            QThread::msleep(100);
+        }
+    }
+    return {};
+}
+
+struct WindowRun {
+    double receivedFps = 0;
+    double displayedFps = 0;
+    quint64 incomplete = 0;
+    qint64 longestPauseMs = 0;
+    bool ok = false;
+};
+
+// The same camera through our stream, with the window showing every frame it can.
+WindowRun windowFps(int seconds)
+{
+    WindowRun run;
+    auto pool = QSharedPointer<Backend::CameraPool>::create();
+    const auto info = openWhenItAnswers(*pool);
+    if (!info) {
+        return run;
+    }
+    {
+        VantoViewer::MainWindow window(pool);
+        window.resize(1280, 800);
+        window.addDevice(info);
+        window.show();
+        const auto collection = pool->getParameterCollection(info);
+        collection->getParameter(QStringLiteral("@CameraDevice/AcquisitionFrameRate"))
+            ->setValue(HIGHEST_RATE_HZ);
+        Plugin::Acquisition::IAcquisition* acquisition =
+            window.imagePanel()->acquisitionActions()->acquisition();
+        window.imagePanel()->acquisitionActions()->continuousShot()->trigger();
+        turnEventLoop(WARM_UP_MS);
+        if (!acquisition || acquisition->state() != Plugin::Acquisition::IAcquisition::Acquiring) {
+            return run;
+        }
+
+        QTimer beat;
+        beat.setTimerType(Qt::PreciseTimer);
+        QElapsedTimer sinceBeat;
+        QObject::connect(&beat, &QTimer::timeout, &beat, [&] {
+            run.longestPauseMs = qMax(run.longestPauseMs, sinceBeat.restart());
+        });
+        const auto before = acquisition->statistics();
+        const quint64 paintedBefore = window.imagePanel()->view()->paintedCount();
+        QElapsedTimer measured;
+        measured.start();
+        sinceBeat.start();
+        beat.start(BEAT_MS);
+        turnEventLoop(seconds * 1000);
+        beat.stop();
+        const double elapsedS = measured.elapsed() / 1000.0;
+        const auto after = acquisition->statistics();
+        run.receivedFps =
+            (after.completed + after.incomplete - before.completed - before.incomplete) / elapsedS;
+        run.displayedFps = (window.imagePanel()->view()->paintedCount() - paintedBefore) / elapsedS;
+        run.incomplete = after.incomplete - before.incomplete;
+        run.ok = true;
+        window.imagePanel()->acquisitionActions()->stop()->trigger();
+        turnEventLoop(500);
+    }
+    pool->closeAll();
+    return run;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    const int seconds =
+        argc > 1 ? qMax(2, QString::fromLocal8Bit(argv[1]).toInt()) : DEFAULT_SECONDS;
+    // The window keeps no layout of its own here and touches no user settings.
+    QTemporaryDir settings;
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+
+    FakeGigECamera camera;
+    const QString why = camera.start();
+    if (!why.isEmpty()) {
+        std::printf("bench_imageview: the fake camera does not run: %s\n", qPrintable(why));
+        return 0;
+    }
+    turnEventLoop(1000);
+    // Other work on the machine moves both figures: the two ways take turns, and the medians
+    // are compared.
+    QList<double> bare;
+    QList<WindowRun> ours;
+    for (int round = 0; round < ROUNDS; ++round) {
+        bare.append(bareLoopFps(seconds));
+        // The bare loop let go of the camera; it takes a new controller at once.
+        ours.append(windowFps(seconds));
+    }
+    std::printf("bench_imageview: fake GigE camera, 512 x 512 Mono8 at its highest rate, %d rounds "
+                "of %d s each way\n",
+                ROUNDS, seconds);
+    QList<double> received;
+    QList<double> displayed;
+    qint64 longestPause = 0;
+    for (int round = 0; round < ROUNDS; ++round) {
+        const WindowRun& run = ours.at(round);
+        std::printf("  round %d: bare Aravis loop %7.1f frames/s; window %7.1f received, %5.1f "
+                    "displayed, %llu incomplete, longest GUI pause %lld ms%s\n",
+                    round + 1, bare.at(round), run.receivedFps, run.displayedFps,
+                    static_cast<unsigned long long>(run.incomplete),
+                    static_cast<long long>(run.longestPauseMs), run.ok ? "" : " (did not run)");
+        if (run.ok) {
+            received.append(run.receivedFps);
+            displayed.append(run.displayedFps);
+            longestPause = qMax(longestPause, run.longestPauseMs);
+        }
+    }
+    const double bareMedian = median(bare);
+    const double receivedMedian = median(received);
+    std::printf("  median: bare Aravis loop %.1f frames/s, window %.1f received, %.1f displayed\n",
+                bareMedian, receivedMedian, median(displayed));
+    if (bareMedian > 0 && receivedMedian > 0) {
+        std::printf("  received ratio window / bare loop: %.3f  (target >= 0.98)\n",
+                    receivedMedian / bareMedian);
+    }
+    std::printf("  GUI thread's longest pause over all rounds: %lld ms  (target < 50 ms, %d ms "
+                "beat)\n",
+                static_cast<long long>(longestPause), BEAT_MS);
+    return 0;
+}
