@@ -4,42 +4,34 @@
 <context>
     <name>VantoViewer::AcquisitionActions</name>
     <message>
-        <location filename="../acquisitionactions.cpp" line="+15"/>
         <source>Single Shot</source>
         <translation>Single Shot</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Continuous Shot</source>
         <translation>Continuous Shot</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Stop</source>
         <translation>Stop</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Software Trigger</source>
         <translation>Software Trigger</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Acquires one image</source>
         <translation>Acquires one image</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Acquires images until stopped</source>
         <translation>Acquires images until stopped</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Stops acquiring</source>
         <translation>Stops acquiring</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Executes TriggerSoftware: one trigger for the camera</source>
         <translation>Executes TriggerSoftware: one trigger for the camera</translation>
     </message>
@@ -47,24 +39,18 @@
 <context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
-        <location filename="../changejournal.cpp" line="+30"/>
-        <location line="+323"/>
         <source>&amp;Undo</source>
         <translation>&amp;Undo</translation>
     </message>
     <message>
-        <location line="-322"/>
-        <location line="+324"/>
         <source>&amp;Redo</source>
         <translation>&amp;Redo</translation>
     </message>
     <message>
-        <location line="-196"/>
         <source>Set %1 to %2</source>
         <translation>Set %1 to %2</translation>
     </message>
     <message numerus="yes">
-        <location line="+83"/>
         <source>%n feature(s)</source>
         <translation>
             <numerusform>%n feature</numerusform>
@@ -72,42 +58,34 @@
         </translation>
     </message>
     <message>
-        <location line="+41"/>
         <source>the camera is closed</source>
         <translation>the camera is closed</translation>
     </message>
     <message>
-        <location line="+13"/>
         <source>%1: the camera has no such feature</source>
         <translation>%1: the camera has no such feature</translation>
     </message>
     <message>
-        <location line="+32"/>
         <source>Undone: %1</source>
         <translation>Undone: %1</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Redone: %1</source>
         <translation>Redone: %1</translation>
     </message>
     <message>
-        <location line="+5"/>
         <source>Cannot undo &quot;%1&quot;: %2</source>
         <translation>Cannot undo &quot;%1&quot;: %2</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Cannot redo &quot;%1&quot;: %2</source>
         <translation>Cannot redo &quot;%1&quot;: %2</translation>
     </message>
     <message>
-        <location line="+16"/>
         <source>&amp;Undo %1</source>
         <translation>&amp;Undo %1</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>&amp;Redo %1</source>
         <translation>&amp;Redo %1</translation>
     </message>
@@ -115,82 +93,66 @@
 <context>
     <name>VantoViewer::ChangesModel</name>
     <message>
-        <location filename="../changesmodel.cpp" line="+59"/>
         <source>Execute</source>
         <translation>Execute</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>(not read)</source>
         <translation>(not read)</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>Applied as one step</source>
         <translation>Applied as one step</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>Undone</source>
         <translation>Undone</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Undo refused: %1</source>
         <translation>Undo refused: %1</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Redone</source>
         <translation>Redone</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Redo refused: %1</source>
         <translation>Redo refused: %1</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Done (feature set)</source>
         <translation>Done (feature set)</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Refused (feature set): %1</source>
         <translation>Refused (feature set): %1</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>Done</source>
         <translation>Done</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Refused: %1</source>
         <translation>Refused: %1</translation>
     </message>
     <message>
-        <location line="+55"/>
         <source>Time</source>
         <translation>Time</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Feature</source>
         <translation>Feature</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Old Value</source>
         <translation>Old Value</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>New Value</source>
         <translation>New Value</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Result</source>
         <translation>Result</translation>
     </message>
@@ -198,42 +160,34 @@
 <context>
     <name>VantoViewer::ConversionEngine</name>
     <message>
-        <location filename="../conversionengine.cpp" line="+72"/>
         <source>Pixel format %1 can&apos;t be shown.</source>
         <translation>Pixel format %1 can&apos;t be shown.</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>The %1 frame holds no image (%2 × %3).</source>
         <translation>The %1 frame holds no image (%2 × %3).</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>A frame of %1 × %2 is too large to be shown.</source>
         <translation>A frame of %1 × %2 is too large to be shown.</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
         <translation>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>%1 needs an even width and height; the frame is %2 × %3.</source>
         <translation>%1 needs an even width and height; the frame is %2 × %3.</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>%1 needs an even width; the frame is %2 × %3.</source>
         <translation>%1 needs an even width; the frame is %2 × %3.</translation>
     </message>
     <message>
-        <location line="+10"/>
         <source>There is no memory for an image of %1 × %2.</source>
         <translation>There is no memory for an image of %1 × %2.</translation>
     </message>
     <message>
-        <location line="+31"/>
         <source>The conversion of %1 failed.</source>
         <translation>The conversion of %1 failed.</translation>
     </message>
@@ -241,89 +195,70 @@
 <context>
     <name>VantoViewer::DevicesPane</name>
     <message>
-        <location filename="../devicespane.cpp" line="+166"/>
         <source>%1 (lost)</source>
         <translation>%1 (lost)</translation>
     </message>
     <message>
-        <location line="-138"/>
         <source>Found cameras (double-click to open):</source>
         <translation>Found cameras (double-click to open):</translation>
     </message>
     <message>
-        <location line="+15"/>
         <source>Camera by IP Address or ID...</source>
         <translation>Camera by IP Address or ID...</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Built-in Simulated Camera</source>
         <translation>Built-in Simulated Camera</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>Simulated Camera from GenICam File...</source>
         <translation>Simulated Camera from GenICam File...</translation>
     </message>
     <message>
-        <location line="+5"/>
         <source>Open</source>
         <translation>Open</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Open a camera</source>
         <translation>Open a camera</translation>
     </message>
     <message>
-        <location line="-24"/>
-        <location line="+28"/>
         <source>Close</source>
         <translation>Close</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Close the selected camera</source>
         <translation>Close the selected camera</translation>
     </message>
     <message>
-        <location line="+22"/>
-        <location line="+205"/>
         <source>Scan</source>
         <translation>Scan</translation>
     </message>
     <message>
-        <location line="-204"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>Look for cameras on every network interface and on USB</translation>
     </message>
     <message>
-        <location line="+139"/>
         <source>Scanning...</source>
         <translation>Scanning...</translation>
     </message>
     <message>
-        <location line="+37"/>
         <source>Open Camera</source>
         <translation>Open Camera</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>IP address or device ID:</source>
         <translation>IP address or device ID:</translation>
     </message>
     <message>
-        <location line="+10"/>
         <source>Simulate a Camera</source>
         <translation>Simulate a Camera</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>GenICam descriptions (*.xml *.zip)</source>
         <translation>GenICam descriptions (*.xml *.zip)</translation>
     </message>
     <message>
-        <location line="+24"/>
         <source>ID: %1
 Serial number: %2
 Transport: %3</source>
@@ -332,17 +267,14 @@ Serial number: %2
 Transport: %3</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>No cameras found</source>
         <translation>No cameras found</translation>
     </message>
     <message>
-        <location line="-268"/>
         <source>Reconnect</source>
         <translation>Reconnect</translation>
     </message>
     <message>
-        <location line="+39"/>
         <source>Open the lost camera again, once it is back</source>
         <translation>Open the lost camera again, once it is back</translation>
     </message>
@@ -350,37 +282,30 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
-        <location filename="../featurestatusbar.cpp" line="+92"/>
         <source>refused by the camera (access denied)</source>
         <translation>refused by the camera (access denied)</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>refused by the camera (value out of range)</source>
         <translation>refused by the camera (value out of range)</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>refused by the camera (invalid value)</source>
         <translation>refused by the camera (invalid value)</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>not written: the camera did not answer in time</source>
         <translation>not written: the camera did not answer in time</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>not written: the camera is lost</source>
         <translation>not written: the camera is lost</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>not written: the camera does not have it</source>
         <translation>not written: the camera does not have it</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>the write failed</source>
         <translation>the write failed</translation>
     </message>
@@ -388,22 +313,18 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::HistogramPanel</name>
     <message>
-        <location filename="../histogrampanel.cpp" line="+15"/>
         <source>Logarithmic</source>
         <translation>Logarithmic</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Counts on a logarithmic scale, so that rare values show</source>
         <translation>Counts on a logarithmic scale, so that rare values show</translation>
     </message>
     <message>
-        <location line="+21"/>
         <source>%1: min %2, max %3, mean %4</source>
         <translation>%1: min %2, max %3, mean %4</translation>
     </message>
     <message>
-        <location line="+16"/>
         <source>No image</source>
         <translation>No image</translation>
     </message>
@@ -411,108 +332,86 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::ImagePanel</name>
     <message>
-        <location filename="../imagepanel.cpp" line="+41"/>
         <source>Save Image...</source>
         <translation>Save Image...</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Fit</source>
         <translation>Fit</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>100 %</source>
         <translation>100 %</translation>
     </message>
     <message>
-        <location line="+51"/>
         <source>Acquisition</source>
         <translation>Acquisition</translation>
     </message>
     <message>
-        <location line="+16"/>
         <source>Shows the whole image</source>
         <translation>Shows the whole image</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Shows one screen pixel per image pixel</source>
         <translation>Shows one screen pixel per image pixel</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Writes the image shown as PNG, TIFF or raw bytes</source>
         <translation>Writes the image shown as PNG, TIFF or raw bytes</translation>
     </message>
     <message>
-        <location line="+57"/>
         <source>The acquisition failed: %1</source>
         <translation>The acquisition failed: %1</translation>
     </message>
     <message>
-        <location line="+89"/>
         <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
         <translation>No camera is open. Open one in the Devices pane or the Camera menu.</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>This camera has no stream to show.</source>
         <translation>This camera has no stream to show.</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
         <translation>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</translation>
     </message>
     <message>
-        <location line="+44"/>
         <source>%1, %2 × %3 pixels</source>
         <translation>%1, %2 × %3 pixels</translation>
     </message>
     <message>
-        <location line="+21"/>
         <source>x %1, y %2: %3</source>
         <translation>x %1, y %2: %3</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>There is no image to save.</source>
         <translation>There is no image to save.</translation>
     </message>
     <message>
-        <location line="+11"/>
         <source>PNG image (*.png)</source>
         <translation>PNG image (*.png)</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>TIFF image (*.tif *.tiff)</source>
         <translation>TIFF image (*.tif *.tiff)</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Raw bytes with a side file (*.raw)</source>
         <translation>Raw bytes with a side file (*.raw)</translation>
     </message>
     <message>
-        <location line="+6"/>
-        <location line="+19"/>
         <source>Save Image</source>
         <translation>Save Image</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Cannot save %1: %2</source>
         <translation>Cannot save %1: %2</translation>
     </message>
     <message>
-        <location line="-82"/>
         <source>%1 fps received, %2 displayed, %3 MB/s</source>
         <translation>%1 fps received, %2 displayed, %3 MB/s</translation>
     </message>
     <message>
-        <location line="+5"/>
         <source>incomplete %1, dropped for display %2</source>
         <translation>incomplete %1, dropped for display %2</translation>
     </message>
@@ -520,21 +419,14 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::ImageWriter</name>
     <message>
-        <location filename="../imagewriter.cpp" line="+57"/>
         <source>Unknown image file format %1.</source>
         <translation>Unknown image file format %1.</translation>
     </message>
     <message>
-        <location line="+43"/>
-        <location line="+13"/>
-        <location line="+17"/>
-        <location line="+22"/>
-        <location line="+43"/>
         <source>Cannot write %1: %2</source>
         <translation>Cannot write %1: %2</translation>
     </message>
     <message>
-        <location line="-34"/>
         <source>The frame holds no bytes.</source>
         <translation>The frame holds no bytes.</translation>
     </message>
@@ -542,17 +434,14 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::MainWindow</name>
     <message>
-        <location filename="../mainwindow.cpp" line="+66"/>
         <source>Devices</source>
         <translation>Devices</translation>
     </message>
     <message>
-        <location line="+8"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
     <message numerus="yes">
-        <location line="+17"/>
         <source>%n camera(s) found</source>
         <translation>
             <numerusform>%n camera found</numerusform>
@@ -560,98 +449,78 @@ Transport: %3</translation>
         </translation>
     </message>
     <message>
-        <location line="+29"/>
         <source>Ready</source>
         <translation>Ready</translation>
     </message>
     <message>
-        <location line="+10"/>
         <source>Open Camera by IP Address or ID...</source>
         <translation>Open Camera by IP Address or ID...</translation>
     </message>
     <message>
-        <location line="+11"/>
         <source>Open Built-in Simulated Camera</source>
         <translation>Open Built-in Simulated Camera</translation>
     </message>
     <message>
-        <location line="+17"/>
         <source>Close Camera</source>
         <translation>Close Camera</translation>
     </message>
     <message>
-        <location line="+8"/>
         <source>Refresh Features</source>
         <translation>Refresh Features</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Reads every shown feature from the camera again</source>
         <translation>Reads every shown feature from the camera again</translation>
     </message>
     <message>
-        <location line="+218"/>
         <source>Cannot open %1: %2</source>
         <translation>Cannot open %1: %2</translation>
     </message>
     <message>
-        <location line="+11"/>
         <source>Cannot simulate %1: %2</source>
         <translation>Cannot simulate %1: %2</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>the built-in camera</source>
         <translation>the built-in camera</translation>
     </message>
     <message>
-        <location line="+150"/>
         <source>%1 is lost: %2</source>
         <translation>%1 is lost: %2</translation>
     </message>
     <message>
-        <location line="+18"/>
         <source>Visibility</source>
         <translation>Visibility</translation>
     </message>
     <message>
-        <location line="-116"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>Cannot reconnect %1: %2</translation>
     </message>
     <message>
-        <location line="+23"/>
         <source>%1 is connected again</source>
         <translation>%1 is connected again</translation>
     </message>
     <message>
-        <location line="-366"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</translation>
     </message>
     <message>
-        <location line="+304"/>
-        <location line="+35"/>
         <source>Opening %1...</source>
         <translation>Opening %1...</translation>
     </message>
     <message>
-        <location line="-299"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>Open Simulated Camera from GenICam File...</translation>
     </message>
     <message>
-        <location line="+37"/>
         <source>Changes</source>
         <translation>Changes</translation>
     </message>
     <message>
-        <location line="+37"/>
         <source>Histogram</source>
         <translation>Histogram</translation>
     </message>
     <message>
-        <location line="+18"/>
         <source>&amp;Acquisition</source>
         <translation>&amp;Acquisition</translation>
     </message>
@@ -659,17 +528,14 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::MenuService</name>
     <message>
-        <location filename="../menuservice.cpp" line="+17"/>
         <source>&amp;Camera</source>
         <translation>&amp;Camera</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>&amp;Window</source>
         <translation>&amp;Window</translation>
     </message>
     <message>
-        <location line="-1"/>
         <source>&amp;Edit</source>
         <translation>&amp;Edit</translation>
     </message>
@@ -677,12 +543,10 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::OpeningProgress</name>
     <message>
-        <location filename="../openingprogress.cpp" line="+9"/>
         <source>Cancel</source>
         <translation>Cancel</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Opening Camera</source>
         <translation>Opening Camera</translation>
     </message>
@@ -690,7 +554,6 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::PixelReader</name>
     <message>
-        <location filename="../pixelreader.cpp" line="+37"/>
         <source>%1 (%2-bit)</source>
         <translation>%1 (%2-bit)</translation>
     </message>
@@ -698,17 +561,14 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::PluginManager</name>
     <message>
-        <location filename="../pluginmanager.cpp" line="+100"/>
         <source>%1 is no Vanto Viewer plug-in: %2</source>
         <translation>%1 is no Vanto Viewer plug-in: %2</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>Cannot load %1: %2</source>
         <translation>Cannot load %1: %2</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>The plug-in %1 did not start.</source>
         <translation>The plug-in %1 did not start.</translation>
     </message>
@@ -716,37 +576,30 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::VisibilityToolBar</name>
     <message>
-        <location filename="../visibilitytoolbar.cpp" line="+10"/>
         <source>Visibility</source>
         <translation>Visibility</translation>
     </message>
     <message>
-        <location line="+13"/>
         <source>Beginner</source>
         <translation>Beginner</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Show the features needed for basic camera set-up</source>
         <translation>Show the features needed for basic camera set-up</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Expert</source>
         <translation>Expert</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Also show the features for advanced set-up</source>
         <translation>Also show the features for advanced set-up</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Guru</source>
         <translation>Guru</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Show every feature, including those that need care</source>
         <translation>Show every feature, including those that need care</translation>
     </message>
@@ -754,12 +607,10 @@ Transport: %3</translation>
 <context>
     <name>VantoViewer::WindowService</name>
     <message>
-        <location filename="../windowservice.cpp" line="+33"/>
         <source>the file or its folder cannot be written</source>
         <translation>the file or its folder cannot be written</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>the file is damaged</source>
         <translation>the file is damaged</translation>
     </message>

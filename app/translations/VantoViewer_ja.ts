@@ -4,42 +4,34 @@
 <context>
     <name>VantoViewer::AcquisitionActions</name>
     <message>
-        <location filename="../acquisitionactions.cpp" line="+15"/>
         <source>Single Shot</source>
         <translation>シングルショット</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Continuous Shot</source>
         <translation>連続ショット</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Stop</source>
         <translation>停止</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Software Trigger</source>
         <translation>ソフトウェアトリガー</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Acquires one image</source>
         <translation>画像を 1 枚取得します</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Acquires images until stopped</source>
         <translation>停止するまで画像を取得し続けます</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Stops acquiring</source>
         <translation>取得を停止します</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Executes TriggerSoftware: one trigger for the camera</source>
         <translation>TriggerSoftware を実行します: カメラへのトリガー 1 回</translation>
     </message>
@@ -47,66 +39,52 @@
 <context>
     <name>VantoViewer::ChangeJournal</name>
     <message>
-        <location filename="../changejournal.cpp" line="+30"/>
-        <location line="+323"/>
         <source>&amp;Undo</source>
         <translation>元に戻す(&amp;U)</translation>
     </message>
     <message>
-        <location line="-322"/>
-        <location line="+324"/>
         <source>&amp;Redo</source>
         <translation>やり直し(&amp;R)</translation>
     </message>
     <message>
-        <location line="-196"/>
         <source>Set %1 to %2</source>
         <translation>%1 を %2 に設定</translation>
     </message>
     <message numerus="yes">
-        <location line="+83"/>
         <source>%n feature(s)</source>
         <translation>
             <numerusform>%n 個の機能</numerusform>
         </translation>
     </message>
     <message>
-        <location line="+41"/>
         <source>the camera is closed</source>
         <translation>カメラは閉じられています</translation>
     </message>
     <message>
-        <location line="+13"/>
         <source>%1: the camera has no such feature</source>
         <translation>%1: カメラにこの機能はありません</translation>
     </message>
     <message>
-        <location line="+32"/>
         <source>Undone: %1</source>
         <translation>元に戻しました: %1</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Redone: %1</source>
         <translation>やり直しました: %1</translation>
     </message>
     <message>
-        <location line="+5"/>
         <source>Cannot undo &quot;%1&quot;: %2</source>
         <translation>「%1」を元に戻せません: %2</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Cannot redo &quot;%1&quot;: %2</source>
         <translation>「%1」をやり直せません: %2</translation>
     </message>
     <message>
-        <location line="+16"/>
         <source>&amp;Undo %1</source>
         <translation>%1 を元に戻す(&amp;U)</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>&amp;Redo %1</source>
         <translation>%1 をやり直す(&amp;R)</translation>
     </message>
@@ -114,82 +92,66 @@
 <context>
     <name>VantoViewer::ChangesModel</name>
     <message>
-        <location filename="../changesmodel.cpp" line="+59"/>
         <source>Execute</source>
         <translation>実行</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>(not read)</source>
         <translation>(未読み取り)</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>Applied as one step</source>
         <translation>一つの操作として適用</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>Undone</source>
         <translation>元に戻しました</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Undo refused: %1</source>
         <translation>元に戻す操作が拒否されました: %1</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Redone</source>
         <translation>やり直しました</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Redo refused: %1</source>
         <translation>やり直しが拒否されました: %1</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Done (feature set)</source>
         <translation>完了 (機能セット)</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Refused (feature set): %1</source>
         <translation>拒否 (機能セット): %1</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>Done</source>
         <translation>完了</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Refused: %1</source>
         <translation>拒否されました: %1</translation>
     </message>
     <message>
-        <location line="+55"/>
         <source>Time</source>
         <translation>時刻</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Feature</source>
         <translation>機能</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Old Value</source>
         <translation>変更前の値</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>New Value</source>
         <translation>新しい値</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Result</source>
         <translation>結果</translation>
     </message>
@@ -197,42 +159,34 @@
 <context>
     <name>VantoViewer::ConversionEngine</name>
     <message>
-        <location filename="../conversionengine.cpp" line="+72"/>
         <source>Pixel format %1 can&apos;t be shown.</source>
         <translation>ピクセルフォーマット %1 は表示できません。</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>The %1 frame holds no image (%2 × %3).</source>
         <translation>%1 のフレームに画像がありません（%2 × %3）。</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>A frame of %1 × %2 is too large to be shown.</source>
         <translation>%1 × %2 のフレームは大きすぎて表示できません。</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>The frame holds %1 bytes; a %2 × %3 %4 image needs %5.</source>
         <translation>フレームは %1 バイトですが、%2 × %3 の %4 画像には %5 バイト必要です。</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>%1 needs an even width and height; the frame is %2 × %3.</source>
         <translation>%1 には偶数の幅と高さが必要です。フレームは %2 × %3 です。</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>%1 needs an even width; the frame is %2 × %3.</source>
         <translation>%1 には偶数の幅が必要です。フレームは %2 × %3 です。</translation>
     </message>
     <message>
-        <location line="+10"/>
         <source>There is no memory for an image of %1 × %2.</source>
         <translation>%1 × %2 の画像に必要なメモリがありません。</translation>
     </message>
     <message>
-        <location line="+31"/>
         <source>The conversion of %1 failed.</source>
         <translation>%1 の変換に失敗しました。</translation>
     </message>
@@ -240,89 +194,70 @@
 <context>
     <name>VantoViewer::DevicesPane</name>
     <message>
-        <location filename="../devicespane.cpp" line="+166"/>
         <source>%1 (lost)</source>
         <translation>%1 (切断)</translation>
     </message>
     <message>
-        <location line="-138"/>
         <source>Found cameras (double-click to open):</source>
         <translation>見つかったカメラ (ダブルクリックで開く):</translation>
     </message>
     <message>
-        <location line="+15"/>
         <source>Camera by IP Address or ID...</source>
         <translation>IP アドレスまたは ID でカメラを指定...</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Built-in Simulated Camera</source>
         <translation>内蔵シミュレーションカメラ</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>Simulated Camera from GenICam File...</source>
         <translation>GenICam ファイルからシミュレーションカメラ...</translation>
     </message>
     <message>
-        <location line="+5"/>
         <source>Open</source>
         <translation>開く</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Open a camera</source>
         <translation>カメラを開きます</translation>
     </message>
     <message>
-        <location line="-24"/>
-        <location line="+28"/>
         <source>Close</source>
         <translation>閉じる</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Close the selected camera</source>
         <translation>選択したカメラを閉じます</translation>
     </message>
     <message>
-        <location line="+22"/>
-        <location line="+205"/>
         <source>Scan</source>
         <translation>検索</translation>
     </message>
     <message>
-        <location line="-204"/>
         <source>Look for cameras on every network interface and on USB</source>
         <translation>すべてのネットワークインターフェースと USB でカメラを検索します</translation>
     </message>
     <message>
-        <location line="+139"/>
         <source>Scanning...</source>
         <translation>検索中...</translation>
     </message>
     <message>
-        <location line="+37"/>
         <source>Open Camera</source>
         <translation>カメラを開く</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>IP address or device ID:</source>
         <translation>IP アドレスまたはデバイス ID:</translation>
     </message>
     <message>
-        <location line="+10"/>
         <source>Simulate a Camera</source>
         <translation>カメラをシミュレート</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>GenICam descriptions (*.xml *.zip)</source>
         <translation>GenICam 記述ファイル (*.xml *.zip)</translation>
     </message>
     <message>
-        <location line="+24"/>
         <source>ID: %1
 Serial number: %2
 Transport: %3</source>
@@ -331,17 +266,14 @@ Transport: %3</source>
 トランスポート: %3</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>No cameras found</source>
         <translation>カメラが見つかりません</translation>
     </message>
     <message>
-        <location line="-268"/>
         <source>Reconnect</source>
         <translation>再接続</translation>
     </message>
     <message>
-        <location line="+39"/>
         <source>Open the lost camera again, once it is back</source>
         <translation>切断されたカメラが戻ったら、もう一度開きます</translation>
     </message>
@@ -349,37 +281,30 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
-        <location filename="../featurestatusbar.cpp" line="+92"/>
         <source>refused by the camera (access denied)</source>
         <translation>カメラが拒否しました (アクセス拒否)</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>refused by the camera (value out of range)</source>
         <translation>カメラが拒否しました (範囲外の値)</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>refused by the camera (invalid value)</source>
         <translation>カメラが拒否しました (無効な値)</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>not written: the camera did not answer in time</source>
         <translation>書き込まれていません: カメラが時間内に応答しませんでした</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>not written: the camera is lost</source>
         <translation>書き込まれていません: カメラが切断されています</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>not written: the camera does not have it</source>
         <translation>書き込まれていません: カメラにこの機能がありません</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>the write failed</source>
         <translation>書き込みに失敗しました</translation>
     </message>
@@ -387,22 +312,18 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::HistogramPanel</name>
     <message>
-        <location filename="../histogrampanel.cpp" line="+15"/>
         <source>Logarithmic</source>
         <translation>対数</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Counts on a logarithmic scale, so that rare values show</source>
         <translation>まれな値も見えるよう、度数を対数目盛で表示します</translation>
     </message>
     <message>
-        <location line="+21"/>
         <source>%1: min %2, max %3, mean %4</source>
         <translation>%1: 最小 %2、最大 %3、平均 %4</translation>
     </message>
     <message>
-        <location line="+16"/>
         <source>No image</source>
         <translation>画像なし</translation>
     </message>
@@ -410,108 +331,86 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::ImagePanel</name>
     <message>
-        <location filename="../imagepanel.cpp" line="+41"/>
         <source>Save Image...</source>
         <translation>画像を保存...</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Fit</source>
         <translation>全体表示</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>100 %</source>
         <translation>等倍 (100 %)</translation>
     </message>
     <message>
-        <location line="+51"/>
         <source>Acquisition</source>
         <translation>取得</translation>
     </message>
     <message>
-        <location line="+16"/>
         <source>Shows the whole image</source>
         <translation>画像全体を表示します</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Shows one screen pixel per image pixel</source>
         <translation>画像の 1 画素を画面の 1 ピクセルで表示します</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Writes the image shown as PNG, TIFF or raw bytes</source>
         <translation>表示中の画像を PNG、TIFF または生バイトで書き出します</translation>
     </message>
     <message>
-        <location line="+57"/>
         <source>The acquisition failed: %1</source>
         <translation>取得に失敗しました: %1</translation>
     </message>
     <message>
-        <location line="+89"/>
         <source>No camera is open. Open one in the Devices pane or the Camera menu.</source>
         <translation>カメラが開かれていません。デバイスペインまたはカメラメニューから開いてください。</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>This camera has no stream to show.</source>
         <translation>このカメラには表示できるストリームがありません。</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Press Continuous Shot (%1) or Single Shot (%2) to see the camera&apos;s image.</source>
         <translation>カメラの画像を見るには、連続ショット (%1) またはシングルショット (%2) を押してください。</translation>
     </message>
     <message>
-        <location line="+44"/>
         <source>%1, %2 × %3 pixels</source>
         <translation>%1、%2 × %3 ピクセル</translation>
     </message>
     <message>
-        <location line="+21"/>
         <source>x %1, y %2: %3</source>
         <translation>画素 x %1, y %2: %3</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>There is no image to save.</source>
         <translation>保存する画像がありません。</translation>
     </message>
     <message>
-        <location line="+11"/>
         <source>PNG image (*.png)</source>
         <translation>PNG 画像 (*.png)</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>TIFF image (*.tif *.tiff)</source>
         <translation>TIFF 画像 (*.tif *.tiff)</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Raw bytes with a side file (*.raw)</source>
         <translation>生バイトと説明ファイル (*.raw)</translation>
     </message>
     <message>
-        <location line="+6"/>
-        <location line="+19"/>
         <source>Save Image</source>
         <translation>画像を保存</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Cannot save %1: %2</source>
         <translation>%1 を保存できません: %2</translation>
     </message>
     <message>
-        <location line="-82"/>
         <source>%1 fps received, %2 displayed, %3 MB/s</source>
         <translation>受信 %1 fps、表示 %2 fps、%3 MB/s</translation>
     </message>
     <message>
-        <location line="+5"/>
         <source>incomplete %1, dropped for display %2</source>
         <translation>不完全 %1、表示で破棄 %2</translation>
     </message>
@@ -519,21 +418,14 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::ImageWriter</name>
     <message>
-        <location filename="../imagewriter.cpp" line="+57"/>
         <source>Unknown image file format %1.</source>
         <translation>不明な画像ファイル形式 %1 です。</translation>
     </message>
     <message>
-        <location line="+43"/>
-        <location line="+13"/>
-        <location line="+17"/>
-        <location line="+22"/>
-        <location line="+43"/>
         <source>Cannot write %1: %2</source>
         <translation>%1 に書き込めません: %2</translation>
     </message>
     <message>
-        <location line="-34"/>
         <source>The frame holds no bytes.</source>
         <translation>フレームにデータがありません。</translation>
     </message>
@@ -541,115 +433,92 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::MainWindow</name>
     <message>
-        <location filename="../mainwindow.cpp" line="+66"/>
         <source>Devices</source>
         <translation>デバイス</translation>
     </message>
     <message>
-        <location line="+8"/>
         <source>Vanto Viewer</source>
         <translation>Vanto Viewer</translation>
     </message>
     <message numerus="yes">
-        <location line="+17"/>
         <source>%n camera(s) found</source>
         <translation>
             <numerusform>%n 台のカメラが見つかりました</numerusform>
         </translation>
     </message>
     <message>
-        <location line="+29"/>
         <source>Ready</source>
         <translation>準備完了</translation>
     </message>
     <message>
-        <location line="+10"/>
         <source>Open Camera by IP Address or ID...</source>
         <translation>IP アドレスまたは ID でカメラを開く...</translation>
     </message>
     <message>
-        <location line="+11"/>
         <source>Open Built-in Simulated Camera</source>
         <translation>内蔵シミュレーションカメラを開く</translation>
     </message>
     <message>
-        <location line="+17"/>
         <source>Close Camera</source>
         <translation>カメラを閉じる</translation>
     </message>
     <message>
-        <location line="+8"/>
         <source>Refresh Features</source>
         <translation>機能を更新</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Reads every shown feature from the camera again</source>
         <translation>表示中のすべての機能をカメラから再度読み込みます</translation>
     </message>
     <message>
-        <location line="+218"/>
         <source>Cannot open %1: %2</source>
         <translation>%1 を開けません: %2</translation>
     </message>
     <message>
-        <location line="+11"/>
         <source>Cannot simulate %1: %2</source>
         <translation>%1 をシミュレートできません: %2</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>the built-in camera</source>
         <translation>内蔵カメラ</translation>
     </message>
     <message>
-        <location line="+150"/>
         <source>%1 is lost: %2</source>
         <translation>%1 との接続が切れました: %2</translation>
     </message>
     <message>
-        <location line="+18"/>
         <source>Visibility</source>
         <translation>表示レベル</translation>
     </message>
     <message>
-        <location line="-116"/>
         <source>Cannot reconnect %1: %2</source>
         <translation>%1 に再接続できません: %2</translation>
     </message>
     <message>
-        <location line="+23"/>
         <source>%1 is connected again</source>
         <translation>%1 に再接続しました</translation>
     </message>
     <message>
-        <location line="-366"/>
         <source>Settings cannot be saved to %1: %2. Changes to the layout and the visibility level are lost when the viewer closes.</source>
         <translation>設定を %1 に保存できません: %2。レイアウトと表示レベルの変更はビューアーを閉じると失われます。</translation>
     </message>
     <message>
-        <location line="+304"/>
-        <location line="+35"/>
         <source>Opening %1...</source>
         <translation>%1 を開いています...</translation>
     </message>
     <message>
-        <location line="-299"/>
         <source>Open Simulated Camera from GenICam File...</source>
         <translation>GenICam ファイルからシミュレートカメラを開く...</translation>
     </message>
     <message>
-        <location line="+37"/>
         <source>Changes</source>
         <translation>変更履歴</translation>
     </message>
     <message>
-        <location line="+37"/>
         <source>Histogram</source>
         <translation>ヒストグラム</translation>
     </message>
     <message>
-        <location line="+18"/>
         <source>&amp;Acquisition</source>
         <translation>取得(&amp;A)</translation>
     </message>
@@ -657,17 +526,14 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::MenuService</name>
     <message>
-        <location filename="../menuservice.cpp" line="+17"/>
         <source>&amp;Camera</source>
         <translation>カメラ(&amp;C)</translation>
     </message>
     <message>
-        <location line="+4"/>
         <source>&amp;Window</source>
         <translation>ウィンドウ(&amp;W)</translation>
     </message>
     <message>
-        <location line="-1"/>
         <source>&amp;Edit</source>
         <translation>編集(&amp;E)</translation>
     </message>
@@ -675,12 +541,10 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::OpeningProgress</name>
     <message>
-        <location filename="../openingprogress.cpp" line="+9"/>
         <source>Cancel</source>
         <translation>キャンセル</translation>
     </message>
     <message>
-        <location line="+3"/>
         <source>Opening Camera</source>
         <translation>カメラを開いています</translation>
     </message>
@@ -688,7 +552,6 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::PixelReader</name>
     <message>
-        <location filename="../pixelreader.cpp" line="+37"/>
         <source>%1 (%2-bit)</source>
         <translation>%1（%2 ビット）</translation>
     </message>
@@ -696,17 +559,14 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::PluginManager</name>
     <message>
-        <location filename="../pluginmanager.cpp" line="+100"/>
         <source>%1 is no Vanto Viewer plug-in: %2</source>
         <translation>%1 は Vanto Viewer のプラグインではありません: %2</translation>
     </message>
     <message>
-        <location line="+9"/>
         <source>Cannot load %1: %2</source>
         <translation>%1 を読み込めません: %2</translation>
     </message>
     <message>
-        <location line="+6"/>
         <source>The plug-in %1 did not start.</source>
         <translation>プラグイン %1 を開始できませんでした。</translation>
     </message>
@@ -714,37 +574,30 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::VisibilityToolBar</name>
     <message>
-        <location filename="../visibilitytoolbar.cpp" line="+10"/>
         <source>Visibility</source>
         <translation>表示レベル</translation>
     </message>
     <message>
-        <location line="+13"/>
         <source>Beginner</source>
         <translation>初級</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Show the features needed for basic camera set-up</source>
         <translation>基本的なカメラ設定に必要な機能を表示します</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>Expert</source>
         <translation>上級</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Also show the features for advanced set-up</source>
         <translation>高度な設定用の機能も表示します</translation>
     </message>
     <message>
-        <location line="+1"/>
         <source>Guru</source>
         <translation>エキスパート</translation>
     </message>
     <message>
-        <location line="+0"/>
         <source>Show every feature, including those that need care</source>
         <translation>注意が必要な機能を含め、すべての機能を表示します</translation>
     </message>
@@ -752,12 +605,10 @@ Transport: %3</source>
 <context>
     <name>VantoViewer::WindowService</name>
     <message>
-        <location filename="../windowservice.cpp" line="+33"/>
         <source>the file or its folder cannot be written</source>
         <translation>ファイルまたはそのフォルダーに書き込めません</translation>
     </message>
     <message>
-        <location line="+2"/>
         <source>the file is damaged</source>
         <translation>ファイルが壊れています</translation>
     </message>
