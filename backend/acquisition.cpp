@@ -5,6 +5,8 @@
 #include "streamchannel.h"
 #include "streamcounters.h"
 
+#include <QPointer>
+
 using Plugin::Acquisition::FramePtr;
 using Plugin::Acquisition::Statistics;
 
@@ -61,24 +63,33 @@ void Acquisition::start(Mode mode)
     const quint64 generation = ++m_generation;
     std::shared_ptr<StreamChannel> channel = m_channel;
     std::shared_ptr<FrameSink> sink = m_sink;
-    m_collection->postToDeviceThread([channel, sink, mode, generation, this](DeviceWorker& worker) {
+    // The answer comes back through the sink, to whichever acquisition it serves by then: the
+    // guard makes sure it is this one.
+    const QPointer<Acquisition> self(this);
+    m_collection->postToDeviceThread([channel, sink, mode, generation, self](DeviceWorker& worker) {
         QString error;
         const bool ok = channel->start(worker, mode, &error);
-        // `this` is touched only on the GUI thread, and only while the sink is attached to it.
-        sink->post([this, ok, error, generation] {
-            if (generation != m_generation || m_state != Starting) {
-                return;
-            }
-            if (ok) {
-                setState(Acquiring);
-                if (m_ended) {
-                    stop(); // the single frame came before this answer
-                }
-            } else {
-                failToIdle(tr("The acquisition could not start: %1").arg(error));
+        sink->post([self, ok, error, generation] {
+            if (self) {
+                self->onStarted(generation, ok, error);
             }
         });
     });
+}
+
+void Acquisition::onStarted(quint64 generation, bool ok, const QString& error)
+{
+    if (generation != m_generation || m_state != Starting) {
+        return;
+    }
+    if (ok) {
+        setState(Acquiring);
+        if (m_ended) {
+            stop(); // the single frame came before this answer
+        }
+    } else {
+        failToIdle(tr("The acquisition could not start: %1").arg(error));
+    }
 }
 
 void Acquisition::stop()
@@ -95,11 +106,12 @@ void Acquisition::finishStop()
     const quint64 generation = ++m_generation;
     std::shared_ptr<StreamChannel> channel = m_channel;
     std::shared_ptr<FrameSink> sink = m_sink;
-    m_collection->postToDeviceThread([channel, sink, generation, this](DeviceWorker& worker) {
+    const QPointer<Acquisition> self(this);
+    m_collection->postToDeviceThread([channel, sink, generation, self](DeviceWorker& worker) {
         channel->stop(worker, true);
-        sink->post([this, generation] {
-            if (generation == m_generation) {
-                setState(Idle);
+        sink->post([self, generation] {
+            if (self && generation == self->m_generation) {
+                self->setState(Idle);
             }
         });
     });

@@ -35,6 +35,7 @@ public:
 
 private:
     void setState(State state);
+    void onStarted(quint64 generation, bool ok, const QString& error);
     void onFrameReady();
     void onEnded();
     void fail(const QString& reason);

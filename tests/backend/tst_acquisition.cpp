@@ -443,6 +443,16 @@ void tst_Acquisition::shouldStreamFromTheFakeGigECameraAndSurviveItsDeath()
              stats.completed + stats.incomplete);
     QVERIFY(value(QStringLiteral("@StreamGrabber0/Statistic_Total_Packet_Count")).toULongLong() >
             0);
+    // A GigE Vision stream backs the packet counters and takes the transport options.
+    for (const char* feature : {"Statistic_Failed_Packet_Count", "Statistic_Resend_Request_Count",
+                                "Statistic_Missed_Frame_Count", "VntPacketTimeout",
+                                "VntFrameRetention", "VntSocketBufferSize"}) {
+        QVERIFY2(collection()
+                     .getParameter(QStringLiteral("@StreamGrabber0/") + QLatin1String(feature))
+                     ->getParameterData()
+                     ->implemented,
+                 feature);
+    }
     const FramePtr frame = collector.frames.back();
     QCOMPARE(qint64(frame->width()), value(QStringLiteral("@CameraDevice/Width")).toLongLong());
     QCOMPARE(qint64(frame->height()), value(QStringLiteral("@CameraDevice/Height")).toLongLong());
