@@ -70,6 +70,14 @@ public:
     NodeMapStructurePtr structure(const QString& nodeMapName) const;
     // Runs `job` on the device thread and waits for it; for tests, tools and benchmarks.
     void runOnDeviceThread(const std::function<void(DeviceWorker&)>& job);
+    // Queues `job` for the device thread and returns at once; the job sends its results back
+    // itself.
+    void postToDeviceThread(std::function<void(DeviceWorker&)> job);
+    // The worker's index of a node map, -1 when none of that name is attached.
+    int mapIndex(const QString& nodeMapName) const
+    {
+        return m_mapByPrefix.value(QLatin1Char('@') + nodeMapName, -1);
+    }
     // Waits until every job queued so far has run and its results have arrived.
     void waitForDevice();
     // The same for at most `timeoutMs`, with the event loop running; false when the device
