@@ -1,5 +1,6 @@
 #include "commandline.h"
 #include "dumpcommand.h"
+#include "featuresetcommand.h"
 #include "filledviewwatcher.h"
 #include "hosttranslator.h"
 #include "mainwindow.h"
@@ -178,7 +179,7 @@ int main(int argc, char** argv)
             info = pool->openDevice(commandLine.camera());
         } else if (commandLine.simulate()) {
             info = pool->openSimulated(commandLine.simulatedFile());
-        } else if (!window) {
+        } else if (!window && commandLine.needsCamera()) {
             info = pool->openSimulated();
         }
     } catch (const ParameterCollection::Exception& e) {
@@ -189,8 +190,23 @@ int main(int argc, char** argv)
     pool->setOpenTimeout(0);
 
     if (!window) {
-        const int status =
-            VantoViewer::DumpCommand(out, err).run(*info, pool->getParameterCollection(info));
+        const auto collection = info ? pool->getParameterCollection(info) : nullptr;
+        VantoViewer::FeatureSetCommand features(out, err);
+        int status = 0;
+        if (commandLine.mode() == Mode::DiffFeatures) {
+            status = features.diff(commandLine.diffFeatures().at(0),
+                                   commandLine.diffFeatures().at(1), collection.data());
+        }
+        // A load comes first: whatever is saved, dumped or grabbed afterwards shows its result.
+        if (status == 0 && !commandLine.loadFeatures().isEmpty()) {
+            status = features.load(collection.data(), commandLine.loadFeatures());
+        }
+        if (status == 0 && !commandLine.saveFeatures().isEmpty()) {
+            status = features.save(collection.data(), commandLine.saveFeatures());
+        }
+        if (status == 0 && commandLine.mode() == Mode::Dump) {
+            status = VantoViewer::DumpCommand(out, err).run(*info, collection);
+        }
         pool->closeAll();
         return status;
     }

@@ -33,6 +33,40 @@ private Q_SLOTS:
                                  << QString();
         QTest::newRow("discover") << QStringList{QStringLiteral("--discover")}
                                   << CommandLine::Mode::Discover << QString();
+        QTest::newRow("save features")
+            << QStringList{QStringLiteral("--save-features"), QStringLiteral("a.txt")}
+            << CommandLine::Mode::Features << QString();
+        QTest::newRow("load features into a simulated file, then dump")
+            << QStringList{QStringLiteral("--load-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("--dump"), QStringLiteral("--simulate"), file}
+            << CommandLine::Mode::Dump << file;
+        QTest::newRow("diff the simulated file's camera with a file")
+            << QStringList{QStringLiteral("--simulate"), file, QStringLiteral("--diff-features"),
+                           QStringLiteral("camera"), QStringLiteral("a.txt")}
+            << CommandLine::Mode::DiffFeatures << file;
+    }
+
+    void shouldTakeTheTwoSidesOfADiffInTheirOrder()
+    {
+        CommandLine commandLine;
+        QVERIFY2(
+            commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--diff-features"),
+                               QStringLiteral("b.txt"), QStringLiteral("a.txt")}),
+            qPrintable(commandLine.errorText()));
+        QCOMPARE(commandLine.diffFeatures(),
+                 (QStringList{QStringLiteral("b.txt"), QStringLiteral("a.txt")}));
+        QVERIFY(!commandLine.needsCamera());
+        QVERIFY(
+            commandLine.parse({QStringLiteral("vantoviewer"),
+                               QStringLiteral("--diff-features=camera"), QStringLiteral("a.txt")}));
+        QCOMPARE(commandLine.diffFeatures(),
+                 (QStringList{QStringLiteral("camera"), QStringLiteral("a.txt")}));
+        QVERIFY(commandLine.needsCamera());
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--load-features"),
+                                   QStringLiteral("in.txt"), QStringLiteral("--save-features"),
+                                   QStringLiteral("out.txt")}));
+        QCOMPARE(commandLine.loadFeatures(), QStringLiteral("in.txt"));
+        QCOMPARE(commandLine.saveFeatures(), QStringLiteral("out.txt"));
     }
 
     void shouldUnderstandEveryUseItOffers()
@@ -83,6 +117,25 @@ private Q_SLOTS:
             << QStringLiteral("only with --simulate");
         QTest::newRow("an empty file name")
             << QStringList{QStringLiteral("--simulate"), QString()} << QStringLiteral("empty");
+        QTest::newRow("a diff with one side")
+            << QStringList{QStringLiteral("--diff-features"), QStringLiteral("a.txt")}
+            << QStringLiteral("two sides");
+        QTest::newRow("a diff of the camera with itself")
+            << QStringList{QStringLiteral("--diff-features"), QStringLiteral("camera"),
+                           QStringLiteral("camera")}
+            << QStringLiteral("only one side");
+        QTest::newRow("a diff and a load")
+            << QStringList{QStringLiteral("--diff-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("b.txt"), QStringLiteral("--load-features"),
+                           QStringLiteral("c.txt")}
+            << QStringLiteral("run of its own");
+        QTest::newRow("a load without a file")
+            << QStringList{QStringLiteral("--load-features"), QString()}
+            << QStringLiteral("needs a file name");
+        QTest::newRow("a screenshot of a save")
+            << QStringList{QStringLiteral("--save-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("--screenshot"), QStringLiteral("a.png")}
+            << QStringLiteral("without a window");
     }
 
     void shouldRefuseWhatItDoesNotUnderstandAndSayWhat()
@@ -104,7 +157,8 @@ private Q_SLOTS:
         const QString usage = commandLine.helpText();
 
         for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
-                                   "--screenshot", "--lang", "--panel", "FILE.xml"}) {
+                                   "--screenshot", "--lang", "--panel", "--save-features",
+                                   "--load-features", "--diff-features", "FILE.xml"}) {
             QVERIFY2(usage.contains(QLatin1String(option)), option);
         }
     }
