@@ -42,6 +42,7 @@ class IFeatureTreeControlService;
 namespace VantoViewer {
 
 class DevicesPane;
+class FeatureSetActions;
 class FeatureInstantiationService;
 class FeatureStatusBar;
 class MenuService;
@@ -90,6 +91,7 @@ public:
     DevicesPane* devicesPane() const;
     VisibilityToolBar* visibilityToolBar() const;
     FeatureStatusBar* featureStatusBar() const;
+    FeatureSetActions* featureSetActions() const { return m_featureSets; }
     QSharedPointer<MenuService> menuService() const;
     QSharedPointer<WindowService> windowService() const;
     QSharedPointer<FeatureInstantiationService> instantiationService() const;
@@ -122,6 +124,7 @@ private:
     void watchCollection(const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info);
     void addContextMenuEntries();
     void createCameraActions();
+    void createFeatureSetActions();
 
     QSharedPointer<Backend::CameraPool> m_pool;
     QSharedPointer<WindowService> m_windowService;
@@ -135,6 +138,7 @@ private:
     FeatureStatusBar* m_statusBar;                                         // child
     QAction* m_refreshAction = nullptr;                                    // child
     QAction* m_closeAction = nullptr;                                      // child
+    FeatureSetActions* m_featureSets = nullptr;                            // child
     QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries
     bool m_layoutRestored = false;            // the saved or first-shown layout is in place
     bool m_reconnecting = false;     // the event loop runs while a camera opens; one at a time

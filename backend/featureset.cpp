@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QMap>
 #include <QRegularExpression>
 #include <QStringList>
@@ -320,11 +321,14 @@ QVector<FeatureSet::Difference> FeatureSet::compare(const FeatureSet& left, cons
 {
     QMap<QString, QString> a;
     QMap<QString, QString> b;
+    QHash<QString, QString> features;
     for (const Line& line : left.lines) {
         a.insert(qualifiedName(line), line.value);
+        features.insert(qualifiedName(line), line.feature);
     }
     for (const Line& line : right.lines) {
         b.insert(qualifiedName(line), line.value);
+        features.insert(qualifiedName(line), line.feature);
     }
     QVector<Difference> result;
     auto ia = a.cbegin();
@@ -332,20 +336,21 @@ QVector<FeatureSet::Difference> FeatureSet::compare(const FeatureSet& left, cons
     while (ia != a.cend() || ib != b.cend()) {
         Difference d;
         if (ib == b.cend() || (ia != a.cend() && ia.key() < ib.key())) {
-            d = {ia.key(), ia.value(), QString(), Difference::Side::LeftOnly};
+            d = {ia.key(), QString(), ia.value(), QString(), Difference::Side::LeftOnly};
             ++ia;
         } else if (ia == a.cend() || ib.key() < ia.key()) {
-            d = {ib.key(), QString(), ib.value(), Difference::Side::RightOnly};
+            d = {ib.key(), QString(), QString(), ib.value(), Difference::Side::RightOnly};
             ++ib;
         } else {
             const bool same = ia.value() == ib.value();
-            d = {ia.key(), ia.value(), ib.value(), Difference::Side::Both};
+            d = {ia.key(), QString(), ia.value(), ib.value(), Difference::Side::Both};
             ++ia;
             ++ib;
             if (same) {
                 continue;
             }
         }
+        d.feature = features.value(d.name);
         result.append(d);
     }
     return result;

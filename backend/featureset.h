@@ -31,7 +31,8 @@ public:
     // One feature whose values differ, or that only one side has.
     struct Difference {
         enum class Side { Both, LeftOnly, RightOnly };
-        QString name; // "Gain" or "Gain [GainSelector = AnalogAll]"
+        QString name;    // "Gain" or "Gain [GainSelector = AnalogAll]"
+        QString feature; // "Gain"
         QString left;
         QString right;
         Side side = Side::Both;
