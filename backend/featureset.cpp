@@ -100,7 +100,8 @@ public:
             QString name;
             QString value;
             bool quoted = false;
-            if (!pair(part, line, &name, &value, &quoted) || value.isEmpty()) {
+            if (!pair(part, line, &name, &value, &quoted) || value.isEmpty() || quoted ||
+                value.contains(QLatin1Char('['))) {
                 fail(line, QStringLiteral("a block names its selectors as [Selector = Value]"));
             }
             selectors.append({name, value});

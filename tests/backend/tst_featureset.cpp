@@ -130,6 +130,9 @@ void tst_FeatureSet::shouldRefuseBrokenFiles_data()
                                 << QStringLiteral("line 8: expected Name = Value");
     QTest::newRow("bad name") << QByteArray(kHeader + "Wid th = 640\n[End]\n")
                               << QStringLiteral("not a feature name");
+    QTest::newRow("quoted selector value")
+        << QByteArray(kHeader + "[GainSelector = \"All\"]\nGain = 1\n[End]\n")
+        << QStringLiteral("line 8: a block names its selectors");
     QTest::newRow("after end") << QByteArray(kHeader + "[End]\nWidth = 1\n")
                                << QStringLiteral("text after [End]");
 }
