@@ -95,15 +95,11 @@ void FeatureSetActions::snapshot(const BaseInfoPtr& info,
     updateActions();
     const QString name = CameraName::of(*info);
     connect(job, &FeatureSetJob::saved, this, [this, job, done](const FeatureSet& set) {
-        job->deleteLater();
-        --m_busy;
-        updateActions();
+        finish(job);
         done(set);
     });
     connect(job, &FeatureSetJob::failed, this, [this, job, name](const QString& reason) {
-        job->deleteLater();
-        --m_busy;
-        updateActions();
+        finish(job);
         Q_EMIT failed(tr("Cannot read the features of %1: %2").arg(name, reason));
     });
     job->save();
@@ -116,6 +112,13 @@ void FeatureSetActions::askAndSave()
     if (!file.isEmpty()) {
         saveTo(file);
     }
+}
+
+void FeatureSetActions::finish(QObject* job)
+{
+    job->deleteLater();
+    --m_busy;
+    updateActions();
 }
 
 void FeatureSetActions::saveTo(const QString& fileName)
@@ -173,10 +176,8 @@ void FeatureSetActions::loadFrom(const QString& fileName)
     connect(job, &FeatureSetJob::loaded, this,
             [this, job, progress, camera,
              fileName](const Backend::FeatureSetTransfer::LoadReport& report) {
-                job->deleteLater();
+                finish(job);
                 progress->deleteLater();
-                --m_busy;
-                updateActions();
                 if (m_report) {
                     m_report->deleteLater();
                 }
@@ -187,10 +188,8 @@ void FeatureSetActions::loadFrom(const QString& fileName)
             });
     connect(job, &FeatureSetJob::failed, this,
             [this, job, progress, fileName](const QString& reason) {
-                job->deleteLater();
+                finish(job);
                 progress->deleteLater();
-                --m_busy;
-                updateActions();
                 Q_EMIT failed(tr("Cannot load %1: %2").arg(fileName, reason));
             });
     job->load(set);

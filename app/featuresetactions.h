@@ -79,6 +79,8 @@ private:
     void showComparison(const Backend::FeatureSet& left, const Backend::FeatureSet& right,
                         const QString& leftName, const QString& rightName);
     void updateActions();
+    // A transfer is over: the job goes and the actions are offered again.
+    void finish(QObject* job);
 
     QSharedPointer<Backend::CameraPool> m_pool;
     CameraList m_cameras;

@@ -1,3 +1,4 @@
+#include "fakegigecamera.h"
 #include "testsupport.h"
 
 #include <camerapool.h>
@@ -505,37 +506,15 @@ void tst_CameraPool::shouldExplainALockByTheFeatureThatDecidesIt()
 
 void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
 {
-    if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
-        QSKIP("needs a private network namespace (run through run-in-netns.sh)");
+    if (const QString why = FakeGigECamera::unavailable(); !why.isEmpty()) {
+        QSKIP(qPrintable(why));
     }
-    const QString fake = QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8"));
-    if (fake.isEmpty()) {
-        QSKIP("arv-fake-gv-camera-0.8 is not installed");
-    }
-    QProcess camera;
-    camera.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    camera.start(fake, {QStringLiteral("-i"), QStringLiteral("127.0.0.1")});
-    QVERIFY2(camera.waitForStarted(), qPrintable(camera.errorString()));
-    const qint64 pid = camera.processId();
-    auto stopCamera = qScopeGuard([&camera, pid] {
-        if (camera.state() != QProcess::NotRunning) {
-            ::kill(pid_t(pid), SIGKILL);
-            camera.waitForFinished(5000);
-        }
-    });
+    FakeGigECamera camera;
+    const QString failure = camera.start();
+    QVERIFY2(failure.isEmpty(), qPrintable(failure));
 
     Backend::CameraPool pool;
-    QSharedPointer<Backend::CameraInfo> info;
-    // The fake camera needs a moment to bind its socket.
-    QElapsedTimer waited;
-    waited.start();
-    while (!info && waited.elapsed() < 10000) {
-        try {
-            info = pool.openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const Exception&) {
-            QTest::qWait(100);
-        }
-    }
+    const QSharedPointer<Backend::CameraInfo> info = FakeGigECamera::open(pool);
     QVERIFY2(info, "the fake camera did not answer on 127.0.0.1");
     QVERIFY(info->isGigE());
     const auto collection = pool.getParameterCollection(info);
@@ -555,7 +534,7 @@ void tst_CameraPool::shouldOpenFakeGigECameraByAddressAndNoticeItsDeath()
     // Kill the camera; the GUI thread must keep ticking while Aravis times out.
     QSignalSpy lost(collection.data(), &IParameterCollection::deviceLost);
     width->addObserver();
-    ::kill(pid_t(pid), SIGKILL);
+    camera.kill();
     QVERIFY(camera.waitForFinished(5000));
     QTimer ticker;
     ticker.setInterval(10);

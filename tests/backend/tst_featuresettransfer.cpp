@@ -1,3 +1,4 @@
+#include "fakegigecamera.h"
 #include "testsupport.h"
 
 #include <camerapool.h>
@@ -10,14 +11,9 @@
 
 #include <parametercollection/exception.h>
 
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <csignal>
 
 using namespace ParameterCollection;
 using Backend::DeviceParameterCollection;
@@ -282,35 +278,14 @@ void tst_FeatureSetTransfer::shouldReportTheLinesNotWrittenWhenCancelled()
 
 void tst_FeatureSetTransfer::shouldLoadIntoTheFakeGigECameraWhatWasSavedFromIt()
 {
-    if (qgetenv("NODESCOPE_IN_NETNS") != "1") {
-        QSKIP("needs a private network namespace (run through run-in-netns.sh)");
+    if (const QString why = FakeGigECamera::unavailable(); !why.isEmpty()) {
+        QSKIP(qPrintable(why));
     }
-    const QString fake = QStandardPaths::findExecutable(QStringLiteral("arv-fake-gv-camera-0.8"));
-    if (fake.isEmpty()) {
-        QSKIP("arv-fake-gv-camera-0.8 is not installed");
-    }
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(fake, {QStringLiteral("-i"), QStringLiteral("127.0.0.1")});
-    QVERIFY2(process.waitForStarted(), qPrintable(process.errorString()));
-    const qint64 pid = process.processId();
-    auto stop = qScopeGuard([&process, pid] {
-        if (process.state() != QProcess::NotRunning) {
-            ::kill(pid_t(pid), SIGKILL);
-            process.waitForFinished(5000);
-        }
-    });
+    FakeGigECamera fakeCamera;
+    const QString failure = fakeCamera.start();
+    QVERIFY2(failure.isEmpty(), qPrintable(failure));
     Backend::CameraPool pool;
-    QSharedPointer<Backend::CameraInfo> info;
-    QElapsedTimer waited;
-    waited.start();
-    while (!info && waited.elapsed() < 10000) {
-        try {
-            info = pool.openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const Exception&) {
-            QTest::qWait(100);
-        }
-    }
+    const QSharedPointer<Backend::CameraInfo> info = FakeGigECamera::open(pool);
     QVERIFY2(info, "the fake camera did not answer on 127.0.0.1");
     DeviceParameterCollection* camera = deviceCollection(pool, info);
 

@@ -298,6 +298,9 @@ bool FeatureTreeWidget::selectFeature(const QString& fullName)
     if (!index.isValid()) {
         return false;
     }
+    for (QModelIndex parent = index.parent(); parent.isValid(); parent = parent.parent()) {
+        ui->treeView->expand(parent);
+    }
     ui->treeView->setCurrentIndex(index);
     ui->treeView->scrollTo(index);
     return true;
