@@ -226,7 +226,10 @@ void FeatureSetTransfer::saveGroup(const QVector<int>& selectors, const QVector<
         for (int s = 0; s < selectors.size(); ++s) {
             const QString& value = values[s][at[s]];
             chosen.append({structure.nodes[selectors[s]].featureName, value});
-            selected = selected && writeText(selectors[s], value, nullptr, nullptr, nullptr);
+            // The value was read from the selector itself: no need to check it first.
+            Exception::Kind kind = Exception::Generic;
+            QString message;
+            selected = selected && m_access.write(selectors[s], value, &kind, &message);
         }
         for (int node : features) {
             const ParameterDataPtr data = selected ? m_access.read(node) : ParameterDataPtr();
@@ -324,6 +327,15 @@ int FeatureSetTransfer::rank(int node, QHash<int, int>& ranks, QSet<int>& visiti
     return r;
 }
 
+void FeatureSetTransfer::noteStart(int node)
+{
+    if (m_access.graph().selected(node).isEmpty() || m_startSelectors.contains(node)) {
+        return;
+    }
+    const ParameterDataPtr data = m_access.read(node);
+    m_startSelectors.insert(node, data->readable ? valueText(data->type, data->value) : QString());
+}
+
 bool FeatureSetTransfer::selectFor(const Item& item, Failure* failure)
 {
     for (const auto& selector : item.selectors) {
@@ -374,16 +386,26 @@ void FeatureSetTransfer::restoreSelectors(const FeatureSet& set, LoadReport& rep
     QVector<int> selectors = wanted.keys().toVector();
     std::sort(selectors.begin(), selectors.end(), std::greater<int>());
     for (int selector : selectors) {
-        Applied applied;
-        Failure failure;
-        if (writeText(selector, wanted.value(selector), &failure, &applied.before,
-                      &applied.written) &&
-            applied.before != applied.written) {
-            applied.fullName = structure.nodes[selector].fullName;
-            report.applied.append(applied);
+        writeText(selector, wanted.value(selector), nullptr, nullptr, nullptr);
+    }
+    // A selector's change is what it went from before the load to where it ends, once: the
+    // values it passed through on the way are no change of the camera's.
+    for (auto it = m_startSelectors.cbegin(); it != m_startSelectors.cend(); ++it) {
+        const QString& fullName = structure.nodes[it.key()].fullName;
+        report.applied.erase(std::remove_if(report.applied.begin(), report.applied.end(),
+                                            [&fullName](const Applied& a) {
+                                                return a.fullName == fullName &&
+                                                       a.selectors.isEmpty();
+                                            }),
+                             report.applied.end());
+        const ParameterDataPtr data = m_access.read(it.key());
+        const QString now = data->readable ? valueText(data->type, data->value) : QString();
+        if (now != it.value()) {
+            report.applied.append({fullName, {}, it.value(), now});
         }
     }
     m_originalSelectors.clear();
+    m_startSelectors.clear();
 }
 
 FeatureSetTransfer::LoadReport FeatureSetTransfer::load(const FeatureSet& set,
@@ -421,6 +443,10 @@ FeatureSetTransfer::LoadReport FeatureSetTransfer::load(const FeatureSet& set,
         if (item.node < 0) {
             report.failures.append(failure);
             continue;
+        }
+        noteStart(item.node);
+        for (const auto& s : item.selectors) {
+            noteStart(s.first);
         }
         item.rank = rank(item.node, ranks, visiting);
         for (const auto& s : item.selectors) {

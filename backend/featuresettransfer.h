@@ -98,9 +98,12 @@ private:
     bool apply(Item& item, LoadReport& report);
     int rank(int node, QHash<int, int>& ranks, QSet<int>& visiting) const;
     void restoreSelectors(const FeatureSet& set, LoadReport& report);
+    // Keeps the value a selector had before the load touched it.
+    void noteStart(int node);
 
     Access& m_access;
     QHash<int, QString> m_originalSelectors; // selector: its text before the transfer
+    QHash<int, QString> m_startSelectors;    // the same, for the load's report
 };
 
 } // namespace Backend

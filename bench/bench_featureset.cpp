@@ -28,6 +28,8 @@ struct Figures {
     int lines = 0;
     int applied = 0;
     int reads = 0;
+    int readAccesses = 0; // device accesses while reading every value once
+    int saveAccesses = 0; // and while saving
 };
 
 Figures measure(Backend::DeviceParameterCollection& collection, int latencyUs)
@@ -37,6 +39,8 @@ Figures measure(Backend::DeviceParameterCollection& collection, int latencyUs)
     collection.runOnDeviceThread([&](DeviceWorker& worker) {
         worker.simulatedDevice(map)->setLatencyMicroseconds(latencyUs);
         const auto access = worker.transferAccess(map);
+        Backend::SimulatedDevice* device = worker.simulatedDevice(map);
+        device->resetCounters();
         QElapsedTimer timer;
         timer.start();
         for (int node = 0; node < access->structure().nodes.size(); ++node) {
@@ -48,11 +52,14 @@ Figures measure(Backend::DeviceParameterCollection& collection, int latencyUs)
             }
         }
         f.readMs = timer.nsecsElapsed() / 1e6;
+        f.readAccesses = device->readCount() + device->writeCount();
+        device->resetCounters();
 
         timer.restart();
         FeatureSet saved = FeatureSetTransfer(*access).save();
         f.saveMs = timer.nsecsElapsed() / 1e6;
         f.lines = saved.lines.size();
+        f.saveAccesses = device->readCount() + device->writeCount();
 
         timer.restart();
         FeatureSetTransfer(*access).load(saved);
@@ -97,6 +104,8 @@ int main(int argc, char** argv)
                     latency, f.reads, f.readMs, f.lines, f.saveMs, f.saveMs / f.readMs,
                     f.loadUnchangedMs, f.loadUnchangedMs / f.readMs, f.applied, f.loadMs,
                     f.loadMs / f.readMs);
+        std::printf("                device accesses: %d to read every value once, %d to save\n",
+                    f.readAccesses, f.saveAccesses);
     }
     pool.closeAll();
     return 0;

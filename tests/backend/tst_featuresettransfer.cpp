@@ -208,6 +208,16 @@ void tst_FeatureSetTransfer::shouldApplyEveryGoodLineAndReportEachBadOneWithItsR
              qPrintable(rows.at(2)));
     QVERIFY2(rows.at(3).startsWith(QStringLiteral("8 Gamma: not available")),
              qPrintable(rows.at(3)));
+    // And the changes reported are the camera's: the selector walked and put back is none
+    QStringList changed;
+    for (const auto& applied : report.applied) {
+        changed << applied.fullName + QLatin1Char(' ') + applied.before + QStringLiteral("->") +
+                       applied.written;
+    }
+    changed.sort();
+    QCOMPARE(changed, (QStringList{QStringLiteral("@CameraDevice/Gain 0->2.5"),
+                                   QStringLiteral("@CameraDevice/ReverseY false->true"),
+                                   QStringLiteral("@CameraDevice/Width 1920->800")}));
     QCOMPARE(report.failures.at(0).kind, Exception::NotFound);
     QCOMPARE(report.failures.at(1).kind, Exception::Access);
     QCOMPARE(report.failures.at(2).kind, Exception::Range);
