@@ -48,8 +48,9 @@ int FeatureSetCommand::load(ParameterCollection::IParameterCollection* camera,
               << " not applied: " << FeatureSetTransfer::reasonText(failure.reason) << " ("
               << failure.message << ")\n";
     }
-    m_err << "vantoviewer: " << fileName << ": " << report.applied.size() << " features changed, "
-          << report.failures.size() << " lines not applied\n";
+    m_err << "vantoviewer: " << fileName << ": changed " << report.applied.size()
+          << (report.applied.size() == 1 ? " feature; " : " features; ") << report.failures.size()
+          << (report.failures.size() == 1 ? " line" : " lines") << " not applied\n";
     m_err.flush();
     return report.failures.isEmpty() ? EXIT_OK : EXIT_FAILED;
 }
@@ -116,7 +117,8 @@ int FeatureSetCommand::diff(const QString& a, const QString& b,
               << "\n";
     }
     m_out.flush();
-    m_err << "vantoviewer: " << differences.size() << " features differ\n";
+    m_err << "vantoviewer: " << differences.size()
+          << (differences.size() == 1 ? " feature differs\n" : " features differ\n");
     m_err.flush();
     return differences.isEmpty() ? EXIT_OK : EXIT_DIFFER;
 }
