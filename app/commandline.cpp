@@ -2,6 +2,8 @@
 
 namespace VantoViewer {
 
+const QString CommandLine::kCameraArgument = QStringLiteral("camera");
+
 CommandLine::CommandLine()
     : m_help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
              QStringLiteral("Displays help on commandline options.")),
@@ -42,12 +44,26 @@ CommandLine::CommandLine()
              QStringLiteral("N")),
       m_saveImage(QStringLiteral("save-image"),
                   QStringLiteral("With --grab: save the last frame as FILE.png."),
-                  QStringLiteral("FILE.png"))
+                  QStringLiteral("FILE.png")),
+      m_saveFeatures(QStringLiteral("save-features"),
+                     QStringLiteral("Save the camera's streamable features to FILE, then exit."),
+                     QStringLiteral("FILE")),
+      m_loadFeatures(QStringLiteral("load-features"),
+                     QStringLiteral("Write the features in FILE to the camera, before --dump, "
+                                    "and report what could not be written."),
+                     QStringLiteral("FILE")),
+      m_diffFeatures(QStringLiteral("diff-features"),
+                     QStringLiteral("Print the features that differ between A and B, each a "
+                                    "feature set file or \"camera\" (the camera opened with "
+                                    "--simulate or --camera); exit 0 when equal, 1 when they "
+                                    "differ."),
+                     QStringLiteral("A B"))
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Vanto Viewer: browse and edit the GenICam features of cameras."));
     m_parser.addOptions({m_help, m_version, m_simulate, m_camera, m_dump, m_discover, m_pluginDir,
-                         m_screenshot, m_lang, m_panel, m_live, m_windowSize, m_grab, m_saveImage});
+                         m_screenshot, m_lang, m_panel, m_live, m_windowSize, m_grab, m_saveImage,
+                         m_saveFeatures, m_loadFeatures, m_diffFeatures});
     m_parser.addPositionalArgument(QStringLiteral("FILE.xml"),
                                    QStringLiteral("GenICam description for --simulate."),
                                    QStringLiteral("[FILE.xml]"));
@@ -67,7 +83,10 @@ bool CommandLine::parse(const QStringList& arguments)
     if (!m_parser.parse(arguments)) {
         return fail(m_parser.errorText());
     }
-    const QStringList files = m_parser.positionalArguments();
+    QStringList files = m_parser.positionalArguments();
+    if (!parseFeatureSets(arguments, &files)) {
+        return false;
+    }
     if (files.size() > 1) {
         return fail(QStringLiteral("only one description file can be simulated, %1 were given: %2")
                         .arg(files.size())
@@ -96,7 +115,8 @@ bool CommandLine::parse(const QStringList& arguments)
     }
     if (m_parser.isSet(m_discover)) {
         if (m_parser.isSet(m_dump) || m_parser.isSet(m_simulate) || m_parser.isSet(m_camera) ||
-            m_parser.isSet(m_screenshot) || m_parser.isSet(m_grab)) {
+            m_parser.isSet(m_screenshot) || m_parser.isSet(m_grab) ||
+            m_parser.isSet(m_saveFeatures) || m_parser.isSet(m_loadFeatures)) {
             return fail(QStringLiteral("--discover cannot be combined with opening a camera"));
         }
         m_mode = Mode::Discover;
@@ -133,6 +153,10 @@ bool CommandLine::parse(const QStringList& arguments)
             return fail(QStringLiteral("--grab shows no window: --screenshot, --panel, --live and "
                                        "--window-size do not apply"));
         }
+        if (m_parser.isSet(m_saveFeatures)) {
+            return fail(QStringLiteral("--grab and --save-features are runs of their own; "
+                                       "--load-features is what combines with --grab"));
+        }
         m_grabCount = count;
         m_mode = Mode::Grab;
         return true;
@@ -145,7 +169,79 @@ bool CommandLine::parse(const QStringList& arguments)
         }
         m_mode = Mode::Dump;
     }
+    if (m_mode == Mode::Window && !m_diff.isEmpty()) {
+        m_mode = Mode::DiffFeatures;
+    } else if (m_mode == Mode::Window &&
+               (m_parser.isSet(m_saveFeatures) || m_parser.isSet(m_loadFeatures))) {
+        m_mode = Mode::Features;
+    }
+    if ((m_mode == Mode::Features || m_mode == Mode::DiffFeatures) &&
+        (m_parser.isSet(m_screenshot) || m_parser.isSet(m_panel))) {
+        return fail(QStringLiteral("feature sets are handled without a window: --screenshot and "
+                                   "--panel do not apply"));
+    }
     return true;
+}
+
+// --diff-features takes two values; the second is the argument right after the first.
+bool CommandLine::parseFeatureSets(const QStringList& arguments, QStringList* positional)
+{
+    m_diff.clear();
+    for (const QCommandLineOption* option : {&m_saveFeatures, &m_loadFeatures}) {
+        if (m_parser.isSet(*option) && m_parser.value(*option).isEmpty()) {
+            return fail(QStringLiteral("--%1 needs a file name").arg(option->names().first()));
+        }
+    }
+    if (!m_parser.isSet(m_diffFeatures)) {
+        return true;
+    }
+    if (m_parser.values(m_diffFeatures).size() > 1) {
+        return fail(QStringLiteral("--diff-features can be given only once"));
+    }
+    const QString a = m_parser.value(m_diffFeatures);
+    int at = -1;
+    for (int i = 1; i < arguments.size() && at < 0; ++i) {
+        if (arguments.at(i) == QLatin1String("--diff-features")) {
+            at = i + 2;
+        } else if (arguments.at(i).startsWith(QLatin1String("--diff-features="))) {
+            at = i + 1;
+        }
+    }
+    const QString b = at > 0 && at < arguments.size() ? arguments.at(at) : QString();
+    if (b.isEmpty() || b.startsWith(QLatin1Char('-')) || !positional->contains(b) || a.isEmpty()) {
+        return fail(QStringLiteral("--diff-features needs two sides, A and B: files, or "
+                                   "\"%1\" for the open camera")
+                        .arg(kCameraArgument));
+    }
+    positional->removeOne(b);
+    if (a == kCameraArgument && b == kCameraArgument) {
+        return fail(QStringLiteral("--diff-features: only one camera is open, so only one side "
+                                   "can be \"%1\"")
+                        .arg(kCameraArgument));
+    }
+    if (m_parser.isSet(m_saveFeatures) || m_parser.isSet(m_loadFeatures) ||
+        m_parser.isSet(m_dump) || m_parser.isSet(m_discover) || m_parser.isSet(m_grab)) {
+        return fail(QStringLiteral("--diff-features is a run of its own: it does not combine "
+                                   "with --save-features, --load-features, --dump, --grab or "
+                                   "--discover"));
+    }
+    m_diff = QStringList{a, b};
+    return true;
+}
+
+QString CommandLine::saveFeatures() const
+{
+    return m_parser.value(m_saveFeatures);
+}
+
+QString CommandLine::loadFeatures() const
+{
+    return m_parser.value(m_loadFeatures);
+}
+
+bool CommandLine::needsCamera() const
+{
+    return m_mode != Mode::DiffFeatures || m_diff.contains(kCameraArgument);
 }
 
 QString CommandLine::helpText() const
@@ -160,7 +256,10 @@ bool CommandLine::simulate() const
 
 QString CommandLine::simulatedFile() const
 {
-    const QStringList files = m_parser.positionalArguments();
+    QStringList files = m_parser.positionalArguments();
+    if (!m_diff.isEmpty()) {
+        files.removeOne(m_diff.last());
+    }
     return files.isEmpty() ? QString() : files.first();
 }
 

@@ -12,7 +12,10 @@ namespace VantoViewer {
 // mistyped command never does something else in silence.
 class CommandLine {
 public:
-    enum class Mode { Window, Dump, Grab, Discover, Help, Version };
+    enum class Mode { Window, Dump, Grab, Discover, Help, Version, Features, DiffFeatures };
+
+    // Stands for the open camera where --diff-features takes a file.
+    static const QString kCameraArgument;
 
     CommandLine();
 
@@ -42,8 +45,17 @@ public:
     QString saveImage() const;
     bool dumpAfterGrab() const;
 
+    // Feature sets. A load comes before --dump or --grab, a save after the load.
+    QString saveFeatures() const;
+    QString loadFeatures() const;
+    // The two sides of --diff-features: files, or kCameraArgument for the open camera.
+    QStringList diffFeatures() const { return m_diff; }
+    // Whether the run needs a camera opened (a diff of two files does not).
+    bool needsCamera() const;
+
 private:
     bool fail(const QString& error);
+    bool parseFeatureSets(const QStringList& arguments, QStringList* positional);
 
     QCommandLineParser m_parser;
     QCommandLineOption m_help;
@@ -61,6 +73,10 @@ private:
     QSize m_windowSizeValue;
     QCommandLineOption m_grab;
     QCommandLineOption m_saveImage;
+    QCommandLineOption m_saveFeatures;
+    QCommandLineOption m_loadFeatures;
+    QCommandLineOption m_diffFeatures;
+    QStringList m_diff;
     Mode m_mode = Mode::Window;
     int m_grabCount = 0;
     QString m_error;

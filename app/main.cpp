@@ -2,6 +2,8 @@
 #include "commandline.h"
 #include "dumpcommand.h"
 #include "grabcommand.h"
+#include "featuresetcommand.h"
+#include "filledviewwatcher.h"
 #include "hosttranslator.h"
 #include "imagepanel.h"
 #include "mainwindow.h"
@@ -99,7 +101,7 @@ int main(int argc, char** argv)
             info = pool->openDevice(commandLine.camera());
         } else if (commandLine.simulate()) {
             info = pool->openSimulated(commandLine.simulatedFile());
-        } else if (!window) {
+        } else if (!window && commandLine.needsCamera()) {
             info = pool->openSimulated();
         }
     } catch (const ParameterCollection::Exception& e) {
@@ -110,8 +112,17 @@ int main(int argc, char** argv)
     pool->setOpenTimeout(0);
 
     if (commandLine.mode() == Mode::Grab) {
-        int status = VantoViewer::GrabCommand(out, err).run(
-            *acquisitions->getAcquisition(info), commandLine.grabCount(), commandLine.saveImage());
+        int status = 0;
+        // A load comes first, so that the frames show its result.
+        if (!commandLine.loadFeatures().isEmpty()) {
+            status = VantoViewer::FeatureSetCommand(out, err).load(
+                pool->getParameterCollection(info).data(), commandLine.loadFeatures());
+        }
+        if (status == 0) {
+            status = VantoViewer::GrabCommand(out, err).run(*acquisitions->getAcquisition(info),
+                                                            commandLine.grabCount(),
+                                                            commandLine.saveImage());
+        }
         if (status == VantoViewer::GrabCommand::EXIT_OK && commandLine.dumpAfterGrab()) {
             status =
                 VantoViewer::DumpCommand(out, err).run(*info, pool->getParameterCollection(info));
@@ -120,8 +131,23 @@ int main(int argc, char** argv)
         return status;
     }
     if (!window) {
-        const int status =
-            VantoViewer::DumpCommand(out, err).run(*info, pool->getParameterCollection(info));
+        const auto collection = info ? pool->getParameterCollection(info) : nullptr;
+        VantoViewer::FeatureSetCommand features(out, err);
+        int status = 0;
+        if (commandLine.mode() == Mode::DiffFeatures) {
+            status = features.diff(commandLine.diffFeatures().at(0),
+                                   commandLine.diffFeatures().at(1), collection.data());
+        }
+        // A load comes first: whatever is saved, dumped or grabbed afterwards shows its result.
+        if (status == 0 && !commandLine.loadFeatures().isEmpty()) {
+            status = features.load(collection.data(), commandLine.loadFeatures());
+        }
+        if (status == 0 && !commandLine.saveFeatures().isEmpty()) {
+            status = features.save(collection.data(), commandLine.saveFeatures());
+        }
+        if (status == 0 && commandLine.mode() == Mode::Dump) {
+            status = VantoViewer::DumpCommand(out, err).run(*info, collection);
+        }
         pool->closeAll();
         return status;
     }

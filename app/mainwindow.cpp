@@ -6,6 +6,7 @@
 #include "changespanel.h"
 #include "devicespane.h"
 #include "featureinstantiationservice.h"
+#include "featuresetactions.h"
 #include "featurestatusbar.h"
 #include "histogrampanel.h"
 #include "imagepanel.h"
@@ -176,6 +177,27 @@ void MainWindow::createCameraActions()
                              m_refreshAction, Core::CId(Plugin::AppCore::Constants::M_CAMERA),
                              Core::CId(Plugin::AppCore::Constants::G_CAMERA_FEATURES),
                              globalContext());
+    createFeatureSetActions();
+}
+
+void MainWindow::createFeatureSetActions()
+{
+    m_featureSets = new FeatureSetActions(
+        m_pool, [this]() { return m_devicesPane->devices(); }, this);
+    connect(m_featureSets, &FeatureSetActions::message, m_statusBar,
+            [this](const QString& text) { m_statusBar->showMessage(text); });
+    connect(m_featureSets, &FeatureSetActions::failed, m_statusBar, &FeatureStatusBar::showError);
+    const QList<QPair<const char*, QAction*>> actions = {
+        {"VantoViewer.Camera.SaveFeatures", m_featureSets->saveAction()},
+        {"VantoViewer.Camera.LoadFeatures", m_featureSets->loadAction()},
+        {"VantoViewer.Camera.CompareFeatures", m_featureSets->compareAction()}};
+    for (const auto& action : actions) {
+        action.second->setObjectName(QLatin1String(action.first));
+        m_menuService->addAction(Core::CId(QLatin1String(action.first)), action.second,
+                                 Core::CId(Plugin::AppCore::Constants::M_CAMERA),
+                                 Core::CId(Plugin::AppCore::Constants::G_CAMERA_FEATURES),
+                                 globalContext());
+    }
 }
 
 void MainWindow::createChangesPanel()
@@ -327,6 +349,7 @@ void MainWindow::attachPluginServices(Core::Plugin::IPluginInitializer* initiali
     }
     m_controlService =
         initializer->getService<Plugin::FeatureTree::IFeatureTreeControlService>().data();
+    m_featureSets->setControlService(m_controlService);
     using Plugin::FeatureTree::IFeatureTreeStatusService;
     const auto status = initializer->getService<IFeatureTreeStatusService>();
     if (status) {
@@ -511,6 +534,7 @@ void MainWindow::onActiveDeviceChanged(const QSharedPointer<Plugin::CameraPool::
     m_closeAction->setEnabled(!info.isNull());
     m_refreshAction->setEnabled(!info.isNull());
     m_imagePanel->setActiveDevice(info);
+    m_featureSets->setCamera(info);
     if (!info) {
         m_statusBar->showFeature({});
     }

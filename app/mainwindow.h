@@ -45,6 +45,7 @@ namespace VantoViewer {
 class ChangeJournal;
 class ChangesPanel;
 class DevicesPane;
+class FeatureSetActions;
 class FeatureInstantiationService;
 class FeatureStatusBar;
 class HistogramPanel;
@@ -97,6 +98,7 @@ public:
     QDockWidget* histogramDock() const { return m_histogramDock; }
     VisibilityToolBar* visibilityToolBar() const;
     FeatureStatusBar* featureStatusBar() const;
+    FeatureSetActions* featureSetActions() const { return m_featureSets; }
     QSharedPointer<MenuService> menuService() const;
     QSharedPointer<WindowService> windowService() const;
     QSharedPointer<FeatureInstantiationService> instantiationService() const;
@@ -136,6 +138,7 @@ private:
     // The panel's widget renamed it (a user tab); an empty title hides the panel.
     void retitlePanel(QDockWidget* dock, const QString& title);
     void createImagePanels();
+    void createFeatureSetActions();
 
     QSharedPointer<Backend::CameraPool> m_pool;
     // Each open camera's acquisition, offered to the plug-ins next to the pool.
@@ -156,6 +159,7 @@ private:
     QAction* m_closeAction = nullptr;                                      // child
     ChangeJournal* m_journal = nullptr;                                    // child
     QDockWidget* m_changesDock = nullptr;                                  // child
+    FeatureSetActions* m_featureSets = nullptr;                            // child
     QPointer<QMenu> m_contextMenuWithEntries; // the shared tree menu that has our entries
     bool m_layoutRestored = false;            // the saved or first-shown layout is in place
     bool m_reconnecting = false;     // the event loop runs while a camera opens; one at a time

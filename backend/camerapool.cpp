@@ -3,6 +3,7 @@
 #include "camerapool.h"
 
 #include "builtincameralogic.h"
+#include "usersetlogic.h"
 #include "deviceparametercollection.h"
 #include "deviceworker.h"
 #include "framesink.h"
@@ -197,7 +198,8 @@ QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, c
     auto collection = newCollection(id);
     if (xmlFile.isEmpty()) {
         collection->setLogicFactory([](SimulatedDevice& device) {
-            return std::unique_ptr<DeviceLogic>(new BuiltinCameraLogic(device));
+            return std::unique_ptr<DeviceLogic>(
+                new UserSetLogic(device, std::make_unique<BuiltinCameraLogic>(device)));
         });
         collection->attachSimulated(QStringLiteral("CameraDevice"), builtinCameraXml(),
                                     builtinCameraDefaults());

@@ -7,6 +7,9 @@ namespace Backend {
 class DeviceLogic {
 public:
     virtual ~DeviceLogic() = default;
+    // True once after the device changed many values behind the feature a write addressed
+    // (a user set loaded): everything must be read again.
+    virtual bool takeBulkChange() { return false; }
 };
 
 } // namespace Backend

@@ -99,6 +99,11 @@ public:
     const std::shared_ptr<StreamChannel>& streamChannel() const { return m_streamChannel; }
     // Queues `job` for the device thread and returns at once.
     void postToDeviceThread(std::function<void(DeviceWorker&)> job);
+    // The worker's index of a node map, -1 when none of that name is attached.
+    int mapIndex(const QString& nodeMapName) const
+    {
+        return m_mapByPrefix.value(QLatin1Char('@') + nodeMapName, -1);
+    }
     // Waits until every job queued so far has run and its results have arrived.
     void waitForDevice();
     // The same for at most `timeoutMs`, with the event loop running; false when the device

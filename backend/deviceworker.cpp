@@ -8,6 +8,7 @@
 #include "evaluationmemo.h"
 #include "nodemapgraph.h"
 #include "nodereader.h"
+#include "nodewriter.h"
 #include "simulateddevice.h"
 #include "structurebuilder.h"
 
@@ -336,34 +337,7 @@ bool DeviceWorker::writeNode(NodeMap& map, int i, const QVariant& value, QString
         return false;
     }
     GError* error = nullptr;
-    switch (map.structure->nodes[i].type) {
-    case IntegerType:
-        arv_gc_integer_set_value(ARV_GC_INTEGER(feature), value.toLongLong(), &error);
-        break;
-    case FloatType:
-        arv_gc_float_set_value(ARV_GC_FLOAT(feature), value.toDouble(), &error);
-        break;
-    case BooleanType:
-        arv_gc_boolean_set_value(ARV_GC_BOOLEAN(feature), value.toBool(), &error);
-        break;
-    case StringType:
-        arv_gc_string_set_value(ARV_GC_STRING(feature), value.toString().toUtf8().constData(),
-                                &error);
-        break;
-    case EnumerationType:
-        arv_gc_enumeration_set_string_value(ARV_GC_ENUMERATION(feature),
-                                            value.toString().toUtf8().constData(), &error);
-        break;
-    case CommandType:
-        arv_gc_command_execute(ARV_GC_COMMAND(feature), &error);
-        break;
-    case RegisterType: {
-        const QByteArray bytes = value.toByteArray();
-        arv_gc_register_set(ARV_GC_REGISTER(feature), bytes.constData(), guint64(bytes.size()),
-                            &error);
-        break;
-    }
-    default:
+    if (!NodeWriter::write(feature, map.structure->nodes[i].type, value, &error)) {
         *message = QStringLiteral("the node cannot be written");
         *kind = Exception::Access;
         return false;
@@ -419,6 +393,9 @@ void DeviceWorker::processWrites()
         }
         if (ok && map.structure->nodes[w.node].type == CommandType) {
             scheduleCommandCheck(w.map, w.node);
+        }
+        if (ok && map.logic && map.logic->takeBulkChange()) {
+            republish(w.map);
         }
     }
     for (auto it = forced.begin(); it != forced.end(); ++it) {
@@ -481,6 +458,47 @@ void DeviceWorker::readNodes(int mapIndex, const QVector<int>& nodes, bool bypas
 void DeviceWorker::readObserved(int map, const QVector<int>& nodes)
 {
     readNodes(map, nodes, true, false);
+}
+
+class DeviceWorker::MapAccess : public FeatureSetTransfer::Access {
+public:
+    MapAccess(DeviceWorker& worker, NodeMap& map) : m_worker(worker), m_map(map) {}
+    const NodeMapStructure& structure() const override { return *m_map.structure; }
+    const NodeMapGraph& graph() const override { return m_map.graph; }
+    ParameterDataPtr read(int node) override
+    {
+        bool deviceFailed = false;
+        QSharedPointer<ParameterData> data = m_worker.readNode(m_map, node, &deviceFailed);
+        // Only the deciders' last values are at hand to explain a restriction.
+        m_worker.explain(m_map, node, *data);
+        return data;
+    }
+    bool write(int node, const QVariant& value, Exception::Kind* kind, QString* message) override
+    {
+        if (m_worker.isLost()) {
+            *kind = Exception::DeviceLost;
+            *message = QStringLiteral("the device is lost");
+            return false;
+        }
+        bool deviceFailed = false;
+        return m_worker.writeNode(m_map, node, value, message, kind, &deviceFailed);
+    }
+
+private:
+    DeviceWorker& m_worker;
+    NodeMap& m_map;
+};
+
+std::unique_ptr<FeatureSetTransfer::Access> DeviceWorker::transferAccess(int map)
+{
+    return std::make_unique<MapAccess>(*this, *m_maps.at(size_t(map)));
+}
+
+void DeviceWorker::republish(int map)
+{
+    QVector<int> all(m_maps.at(size_t(map))->nodes.size());
+    std::iota(all.begin(), all.end(), 0);
+    readNodes(map, all, true, false);
 }
 
 void DeviceWorker::markLost(const QString& message)

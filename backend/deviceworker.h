@@ -1,5 +1,6 @@
 #pragma once
 
+#include "featuresettransfer.h"
 #include "nodemapstructure.h"
 
 #include <QMutex>
@@ -83,6 +84,13 @@ public:
     // Nodes that a write to `node` can change, including itself. Device thread.
     QVector<int> dependencyClosure(int map, int node) const;
 
+    // Device thread. The node map as a feature set transfer sees it; lives no longer than
+    // the map.
+    std::unique_ptr<FeatureSetTransfer::Access> transferAccess(int map);
+    // Device thread. Re-reads every node of the map past the register cache and publishes
+    // what changed: after a transfer, or after the device changed many values at once.
+    void republish(int map);
+
 Q_SIGNALS:
     void published(int map, QVector<Backend::PublishedData> batch);
     void writeFailed(const QString& fullName, ParameterCollection::Exception::Kind kind,
@@ -94,6 +102,7 @@ Q_SIGNALS:
 
 private:
     struct NodeMap;
+    class MapAccess;
 
     QSharedPointer<ParameterCollection::ParameterData> readNode(NodeMap& map, int node,
                                                                 bool* deviceFailed);

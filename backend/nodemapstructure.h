@@ -32,6 +32,10 @@ struct NodeInfo {
     QVector<int> selectedFeatures;  // pSelected targets
     QVector<int> selectingFeatures; // the selectors of this node
     bool cyclic = false;            // takes part in or depends on a reference cycle
+    // The node's Streamable property: part of a saved configuration, or not; Unset where the
+    // description says nothing.
+    enum class Streamable : signed char { Unset, No, Yes };
+    Streamable streamable = Streamable::Unset;
     // Why the node is never evaluated: its definition, or that of a node it evaluates, is
     // absurd (a register longer than can be read). Empty for a sound node.
     QString defect;

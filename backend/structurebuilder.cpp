@@ -223,6 +223,14 @@ void StructureBuilder::linkProperty(int node, ArvDomNode* parent, ArvDomNode* ch
                                          int(arv_gc_property_node_get_int64(property, nullptr)));
         return;
     }
+    if (kind == ARV_GC_PROPERTY_NODE_TYPE_STREAMABLE && own) {
+        m_structure->nodes[node].streamable =
+            arv_gc_property_node_get_streamable(property, ARV_GC_STREAMABLE_NO) ==
+                    ARV_GC_STREAMABLE_YES
+                ? NodeInfo::Streamable::Yes
+                : NodeInfo::Streamable::No;
+        return;
+    }
     if (kind == ARV_GC_PROPERTY_NODE_TYPE_COMMAND_VALUE && own) {
         m_result.commandValues[node] = arv_gc_property_node_get_int64(property, nullptr);
         return;

@@ -280,6 +280,190 @@ Transport: %3</translation>
     </message>
 </context>
 <context>
+    <name>VantoViewer::FeatureSetActions</name>
+    <message>
+        <source>Save Features...</source>
+        <translation>Save Features...</translation>
+    </message>
+    <message>
+        <source>Load Features...</source>
+        <translation>Load Features...</translation>
+    </message>
+    <message>
+        <source>Compare Features...</source>
+        <translation>Compare Features...</translation>
+    </message>
+    <message>
+        <source>Saves the camera&apos;s features to a file</source>
+        <translation>Saves the camera&apos;s features to a file</translation>
+    </message>
+    <message>
+        <source>Writes the features of a file to the camera</source>
+        <translation>Writes the features of a file to the camera</translation>
+    </message>
+    <message>
+        <source>Lists the features in which the camera differs from a file or another camera</source>
+        <translation>Lists the features in which the camera differs from a file or another camera</translation>
+    </message>
+    <message>
+        <source>%1 has no features to save</source>
+        <translation>%1 has no features to save</translation>
+    </message>
+    <message>
+        <source>Cannot read the features of %1: %2</source>
+        <translation>Cannot read the features of %1: %2</translation>
+    </message>
+    <message>
+        <source>Save Features</source>
+        <translation>Save Features</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>Cannot write %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature value(s) saved to %1</source>
+        <translation>
+            <numerusform>%n feature value saved to %1</numerusform>
+            <numerusform>%n feature values saved to %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Load Features</source>
+        <translation>Load Features</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>Cannot load %1: %2</translation>
+    </message>
+    <message>
+        <source>Writing the features of %1...</source>
+        <translation>Writing the features of %1...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>A feature set file...</source>
+        <translation>A feature set file...</translation>
+    </message>
+    <message>
+        <source>Compare Features</source>
+        <translation>Compare Features</translation>
+    </message>
+    <message>
+        <source>Compare %1 with:</source>
+        <translation>Compare %1 with:</translation>
+    </message>
+    <message>
+        <source>Cannot compare with %1: %2</source>
+        <translation>Cannot compare with %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareDialog</name>
+    <message>
+        <source>Compare Features</source>
+        <translation>Compare Features</translation>
+    </message>
+    <message>
+        <source>%1 and %2 hold the same values.</source>
+        <translation>%1 and %2 hold the same values.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s) differ between %1 and %2.</source>
+        <translation>
+            <numerusform>%n feature differs between %1 and %2.</numerusform>
+            <numerusform>%n features differ between %1 and %2.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareModel</name>
+    <message>
+        <source>Feature</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Only In</source>
+        <translation>Only In</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetReportDialog</name>
+    <message>
+        <source>Unknown feature</source>
+        <translation>Unknown feature</translation>
+    </message>
+    <message>
+        <source>Read-only</source>
+        <translation>Read-only</translation>
+    </message>
+    <message>
+        <source>Out of range</source>
+        <translation>Out of range</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>Not available</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Locked</translation>
+    </message>
+    <message>
+        <source>Invalid value</source>
+        <translation>Invalid value</translation>
+    </message>
+    <message>
+        <source>Refused by the camera</source>
+        <translation>Refused by the camera</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message>
+        <source>Feature Set Loaded</source>
+        <translation>Feature Set Loaded</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: every line was applied; %n feature(s) changed.</source>
+        <translation>
+            <numerusform>%1: every line was applied; %n feature changed.</numerusform>
+            <numerusform>%1: every line was applied; %n features changed.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n line(s) could not be applied.</source>
+        <translation>
+            <numerusform>%1: %n line could not be applied.</numerusform>
+            <numerusform>%1: %n lines could not be applied.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Line</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
         <source>refused by the camera (access denied)</source>

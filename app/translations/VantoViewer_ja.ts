@@ -279,6 +279,186 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::FeatureSetActions</name>
+    <message>
+        <source>Save Features...</source>
+        <translation>機能を保存...</translation>
+    </message>
+    <message>
+        <source>Load Features...</source>
+        <translation>機能を読み込む...</translation>
+    </message>
+    <message>
+        <source>Compare Features...</source>
+        <translation>機能を比較...</translation>
+    </message>
+    <message>
+        <source>Saves the camera&apos;s features to a file</source>
+        <translation>カメラの機能をファイルに保存します</translation>
+    </message>
+    <message>
+        <source>Writes the features of a file to the camera</source>
+        <translation>ファイルの機能をカメラに書き込みます</translation>
+    </message>
+    <message>
+        <source>Lists the features in which the camera differs from a file or another camera</source>
+        <translation>カメラがファイルや別のカメラと異なる機能を一覧表示します</translation>
+    </message>
+    <message>
+        <source>%1 has no features to save</source>
+        <translation>%1 には保存できる機能がありません</translation>
+    </message>
+    <message>
+        <source>Cannot read the features of %1: %2</source>
+        <translation>%1 の機能を読み取れません: %2</translation>
+    </message>
+    <message>
+        <source>Save Features</source>
+        <translation>機能を保存</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature value(s) saved to %1</source>
+        <translation>
+            <numerusform>%n 個の機能の値を %1 に保存しました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Load Features</source>
+        <translation>機能を読み込む</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>Writing the features of %1...</source>
+        <translation>%1 の機能を書き込んでいます...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>A feature set file...</source>
+        <translation>機能セットファイル...</translation>
+    </message>
+    <message>
+        <source>Compare Features</source>
+        <translation>機能を比較</translation>
+    </message>
+    <message>
+        <source>Compare %1 with:</source>
+        <translation>%1 の比較対象:</translation>
+    </message>
+    <message>
+        <source>Cannot compare with %1: %2</source>
+        <translation>%1 と比較できません: %2</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareDialog</name>
+    <message>
+        <source>Compare Features</source>
+        <translation>機能を比較</translation>
+    </message>
+    <message>
+        <source>%1 and %2 hold the same values.</source>
+        <translation>%1 と %2 の値は同じです。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s) differ between %1 and %2.</source>
+        <translation>
+            <numerusform>%1 と %2 で %n 個の機能が異なります。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareModel</name>
+    <message>
+        <source>Feature</source>
+        <translation>機能</translation>
+    </message>
+    <message>
+        <source>Only In</source>
+        <translation>片方のみ</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetReportDialog</name>
+    <message>
+        <source>Unknown feature</source>
+        <translation>不明な機能</translation>
+    </message>
+    <message>
+        <source>Read-only</source>
+        <translation>読み取り専用</translation>
+    </message>
+    <message>
+        <source>Out of range</source>
+        <translation>範囲外</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>利用不可</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>ロック中</translation>
+    </message>
+    <message>
+        <source>Invalid value</source>
+        <translation>無効な値</translation>
+    </message>
+    <message>
+        <source>Refused by the camera</source>
+        <translation>カメラが拒否しました</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>キャンセルされました</translation>
+    </message>
+    <message>
+        <source>Feature Set Loaded</source>
+        <translation>機能セットを読み込みました</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: every line was applied; %n feature(s) changed.</source>
+        <translation>
+            <numerusform>%1: すべての行を適用しました。%n 個の機能が変更されました。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n line(s) could not be applied.</source>
+        <translation>
+            <numerusform>%1: %n 行を適用できませんでした。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>機能</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>詳細</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
         <source>refused by the camera (access denied)</source>

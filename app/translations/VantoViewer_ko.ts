@@ -279,6 +279,186 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::FeatureSetActions</name>
+    <message>
+        <source>Save Features...</source>
+        <translation>기능 저장...</translation>
+    </message>
+    <message>
+        <source>Load Features...</source>
+        <translation>기능 불러오기...</translation>
+    </message>
+    <message>
+        <source>Compare Features...</source>
+        <translation>기능 비교...</translation>
+    </message>
+    <message>
+        <source>Saves the camera&apos;s features to a file</source>
+        <translation>카메라의 기능를 파일에 저장합니다</translation>
+    </message>
+    <message>
+        <source>Writes the features of a file to the camera</source>
+        <translation>파일의 기능를 카메라에 씁니다</translation>
+    </message>
+    <message>
+        <source>Lists the features in which the camera differs from a file or another camera</source>
+        <translation>카메라가 파일이나 다른 카메라와 다른 기능를 나열합니다</translation>
+    </message>
+    <message>
+        <source>%1 has no features to save</source>
+        <translation>%1에는 저장할 기능가 없습니다</translation>
+    </message>
+    <message>
+        <source>Cannot read the features of %1: %2</source>
+        <translation>%1의 기능를 읽을 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Save Features</source>
+        <translation>기능 저장</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1에 쓸 수 없습니다: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature value(s) saved to %1</source>
+        <translation>
+            <numerusform>%n개의 기능 값을 %1에 저장했습니다</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Load Features</source>
+        <translation>기능 불러오기</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1을(를) 불러올 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Writing the features of %1...</source>
+        <translation>%1의 기능를 쓰는 중...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>A feature set file...</source>
+        <translation>기능 세트 파일...</translation>
+    </message>
+    <message>
+        <source>Compare Features</source>
+        <translation>기능 비교</translation>
+    </message>
+    <message>
+        <source>Compare %1 with:</source>
+        <translation>%1과(와) 비교할 대상:</translation>
+    </message>
+    <message>
+        <source>Cannot compare with %1: %2</source>
+        <translation>%1과(와) 비교할 수 없습니다: %2</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareDialog</name>
+    <message>
+        <source>Compare Features</source>
+        <translation>기능 비교</translation>
+    </message>
+    <message>
+        <source>%1 and %2 hold the same values.</source>
+        <translation>%1과(와) %2의 값이 같습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s) differ between %1 and %2.</source>
+        <translation>
+            <numerusform>%1과(와) %2 사이에 %n개의 기능가 다릅니다.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareModel</name>
+    <message>
+        <source>Feature</source>
+        <translation>기능</translation>
+    </message>
+    <message>
+        <source>Only In</source>
+        <translation>한쪽에만</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetReportDialog</name>
+    <message>
+        <source>Unknown feature</source>
+        <translation>알 수 없는 기능</translation>
+    </message>
+    <message>
+        <source>Read-only</source>
+        <translation>읽기 전용</translation>
+    </message>
+    <message>
+        <source>Out of range</source>
+        <translation>범위를 벗어남</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>사용할 수 없음</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>잠김</translation>
+    </message>
+    <message>
+        <source>Invalid value</source>
+        <translation>잘못된 값</translation>
+    </message>
+    <message>
+        <source>Refused by the camera</source>
+        <translation>카메라가 거부함</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>취소됨</translation>
+    </message>
+    <message>
+        <source>Feature Set Loaded</source>
+        <translation>기능 세트를 불러왔습니다</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: every line was applied; %n feature(s) changed.</source>
+        <translation>
+            <numerusform>%1: 모든 줄을 적용했습니다. %n개의 기능가 바뀌었습니다.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n line(s) could not be applied.</source>
+        <translation>
+            <numerusform>%1: %n개의 줄을 적용할 수 없었습니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>줄</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>기능</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>값</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>이유</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>세부 정보</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
         <source>refused by the camera (access denied)</source>

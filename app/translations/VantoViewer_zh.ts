@@ -279,6 +279,186 @@ Transport: %3</source>
     </message>
 </context>
 <context>
+    <name>VantoViewer::FeatureSetActions</name>
+    <message>
+        <source>Save Features...</source>
+        <translation>保存功能...</translation>
+    </message>
+    <message>
+        <source>Load Features...</source>
+        <translation>加载功能...</translation>
+    </message>
+    <message>
+        <source>Compare Features...</source>
+        <translation>比较功能...</translation>
+    </message>
+    <message>
+        <source>Saves the camera&apos;s features to a file</source>
+        <translation>将相机的功能保存到文件</translation>
+    </message>
+    <message>
+        <source>Writes the features of a file to the camera</source>
+        <translation>将文件中的功能写入相机</translation>
+    </message>
+    <message>
+        <source>Lists the features in which the camera differs from a file or another camera</source>
+        <translation>列出相机与文件或另一台相机不同的功能</translation>
+    </message>
+    <message>
+        <source>%1 has no features to save</source>
+        <translation>%1 没有可保存的功能</translation>
+    </message>
+    <message>
+        <source>Cannot read the features of %1: %2</source>
+        <translation>无法读取 %1 的功能: %2</translation>
+    </message>
+    <message>
+        <source>Save Features</source>
+        <translation>保存功能</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>无法写入 %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature value(s) saved to %1</source>
+        <translation>
+            <numerusform>已将 %n 个功能值保存到 %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Load Features</source>
+        <translation>加载功能</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>无法加载 %1: %2</translation>
+    </message>
+    <message>
+        <source>Writing the features of %1...</source>
+        <translation>正在写入 %1 的功能...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>A feature set file...</source>
+        <translation>功能集文件...</translation>
+    </message>
+    <message>
+        <source>Compare Features</source>
+        <translation>比较功能</translation>
+    </message>
+    <message>
+        <source>Compare %1 with:</source>
+        <translation>将 %1 与以下对象比较:</translation>
+    </message>
+    <message>
+        <source>Cannot compare with %1: %2</source>
+        <translation>无法与 %1 比较: %2</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareDialog</name>
+    <message>
+        <source>Compare Features</source>
+        <translation>比较功能</translation>
+    </message>
+    <message>
+        <source>%1 and %2 hold the same values.</source>
+        <translation>%1 与 %2 的值相同。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s) differ between %1 and %2.</source>
+        <translation>
+            <numerusform>%1 与 %2 之间有 %n 个功能不同。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetCompareModel</name>
+    <message>
+        <source>Feature</source>
+        <translation>功能</translation>
+    </message>
+    <message>
+        <source>Only In</source>
+        <translation>仅存在于</translation>
+    </message>
+</context>
+<context>
+    <name>VantoViewer::FeatureSetReportDialog</name>
+    <message>
+        <source>Unknown feature</source>
+        <translation>未知功能</translation>
+    </message>
+    <message>
+        <source>Read-only</source>
+        <translation>只读</translation>
+    </message>
+    <message>
+        <source>Out of range</source>
+        <translation>超出范围</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>不可用</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>Invalid value</source>
+        <translation>无效值</translation>
+    </message>
+    <message>
+        <source>Refused by the camera</source>
+        <translation>相机拒绝</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Feature Set Loaded</source>
+        <translation>功能集已加载</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: every line was applied; %n feature(s) changed.</source>
+        <translation>
+            <numerusform>%1: 所有行均已应用；%n 个功能已更改。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n line(s) could not be applied.</source>
+        <translation>
+            <numerusform>%1: 有 %n 行无法应用。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>功能</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>详情</translation>
+    </message>
+</context>
+<context>
     <name>VantoViewer::FeatureStatusBar</name>
     <message>
         <source>refused by the camera (access denied)</source>

@@ -13,5 +13,11 @@ IFeatureTreeControlService::IFeatureTreeControlService(QObject* parent)
 
 IFeatureTreeControlService::~IFeatureTreeControlService() = default;
 
+void IFeatureTreeControlService::selectFeature(QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
+                                               QString fullName)
+{
+    Q_EMIT featureSelectionRequested(info, fullName);
+}
+
 } // namespace FeatureTree
 } // namespace Plugin

@@ -28,6 +28,10 @@ public Q_SLOTS:
     // The host's visibility selector: every panel shows features up to this level from now on,
     // and cameras registered later open at it.
     virtual void setVisibility(GenApi::EVisibility visibility) = 0;
+    // Selects the feature (full name, "@CameraDevice/Gain") in the camera's trees. A panel
+    // whose level or filter hides it keeps its selection.
+    virtual void selectFeature(QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
+                               QString fullName);
 
 Q_SIGNALS:
     void deviceRegistered(QSharedPointer<Plugin::CameraPool::IBaseInfo> info);
@@ -36,6 +40,8 @@ Q_SIGNALS:
     void featureTreeRefreshRequested();
     void pollingStateChanged(bool on);
     void visibilityChangeRequested(GenApi::EVisibility visibility);
+    void featureSelectionRequested(QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
+                                   QString fullName);
 };
 
 } // namespace FeatureTree

@@ -145,6 +145,8 @@ CFeatureTreeWidget::CFeatureTreeWidget(
                 &CFeatureTreeWidget::onPollingStateChanged);
         connect(service, &IFeatureTreeControlService::visibilityChangeRequested, this,
                 &CFeatureTreeWidget::onVisibilityRequested);
+        connect(service, &IFeatureTreeControlService::featureSelectionRequested, this,
+                &CFeatureTreeWidget::onFeatureSelectionRequested);
     }
     connectOptionsMenu();
     livePanels().append(this);
@@ -499,6 +501,14 @@ void CFeatureTreeWidget::onRefreshRequested()
 {
     if (m_activeTree) {
         m_activeTree->on_resetButton_clicked();
+    }
+}
+
+void CFeatureTreeWidget::onFeatureSelectionRequested(
+    QSharedPointer<Plugin::CameraPool::IBaseInfo> info, QString fullName)
+{
+    if (FeatureTreeWidget* tree = treeOf(info)) {
+        tree->selectFeature(fullName);
     }
 }
 

@@ -79,6 +79,8 @@ public Q_SLOTS:
     void onRefreshRequested();
     // The host's visibility selector: every tree of the panel follows.
     void onVisibilityRequested(GenApi::EVisibility visibility);
+    void onFeatureSelectionRequested(QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
+                                     QString fullName);
     void copyCameraFeatures();
     // The feature tab editor, filled from the stored tabs and the active camera.
     void showOptionsMenu();

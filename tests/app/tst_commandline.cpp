@@ -42,6 +42,44 @@ private Q_SLOTS:
                            QStringLiteral("--save-image"), QStringLiteral("a.png"),
                            QStringLiteral("--dump")}
             << CommandLine::Mode::Grab << QString();
+        QTest::newRow("load features, then grab")
+            << QStringList{QStringLiteral("--load-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("--grab"), QStringLiteral("3")}
+            << CommandLine::Mode::Grab << QString();
+        QTest::newRow("save features")
+            << QStringList{QStringLiteral("--save-features"), QStringLiteral("a.txt")}
+            << CommandLine::Mode::Features << QString();
+        QTest::newRow("load features into a simulated file, then dump")
+            << QStringList{QStringLiteral("--load-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("--dump"), QStringLiteral("--simulate"), file}
+            << CommandLine::Mode::Dump << file;
+        QTest::newRow("diff the simulated file's camera with a file")
+            << QStringList{QStringLiteral("--simulate"), file, QStringLiteral("--diff-features"),
+                           QStringLiteral("camera"), QStringLiteral("a.txt")}
+            << CommandLine::Mode::DiffFeatures << file;
+    }
+
+    void shouldTakeTheTwoSidesOfADiffInTheirOrder()
+    {
+        CommandLine commandLine;
+        QVERIFY2(
+            commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--diff-features"),
+                               QStringLiteral("b.txt"), QStringLiteral("a.txt")}),
+            qPrintable(commandLine.errorText()));
+        QCOMPARE(commandLine.diffFeatures(),
+                 (QStringList{QStringLiteral("b.txt"), QStringLiteral("a.txt")}));
+        QVERIFY(!commandLine.needsCamera());
+        QVERIFY(
+            commandLine.parse({QStringLiteral("vantoviewer"),
+                               QStringLiteral("--diff-features=camera"), QStringLiteral("a.txt")}));
+        QCOMPARE(commandLine.diffFeatures(),
+                 (QStringList{QStringLiteral("camera"), QStringLiteral("a.txt")}));
+        QVERIFY(commandLine.needsCamera());
+        QVERIFY(commandLine.parse({QStringLiteral("vantoviewer"), QStringLiteral("--load-features"),
+                                   QStringLiteral("in.txt"), QStringLiteral("--save-features"),
+                                   QStringLiteral("out.txt")}));
+        QCOMPARE(commandLine.loadFeatures(), QStringLiteral("in.txt"));
+        QCOMPARE(commandLine.saveFeatures(), QStringLiteral("out.txt"));
     }
 
     void shouldTellWhatToGrab()
@@ -140,6 +178,29 @@ private Q_SLOTS:
             << QStringList{QStringLiteral("--discover"), QStringLiteral("--grab"),
                            QStringLiteral("2")}
             << QStringLiteral("--discover");
+        QTest::newRow("a diff with one side")
+            << QStringList{QStringLiteral("--diff-features"), QStringLiteral("a.txt")}
+            << QStringLiteral("two sides");
+        QTest::newRow("a diff of the camera with itself")
+            << QStringList{QStringLiteral("--diff-features"), QStringLiteral("camera"),
+                           QStringLiteral("camera")}
+            << QStringLiteral("only one side");
+        QTest::newRow("a diff and a load")
+            << QStringList{QStringLiteral("--diff-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("b.txt"), QStringLiteral("--load-features"),
+                           QStringLiteral("c.txt")}
+            << QStringLiteral("run of its own");
+        QTest::newRow("a load without a file")
+            << QStringList{QStringLiteral("--load-features"), QString()}
+            << QStringLiteral("needs a file name");
+        QTest::newRow("a screenshot of a save")
+            << QStringList{QStringLiteral("--save-features"), QStringLiteral("a.txt"),
+                           QStringLiteral("--screenshot"), QStringLiteral("a.png")}
+            << QStringLiteral("without a window");
+        QTest::newRow("grab and save features")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("2"),
+                           QStringLiteral("--save-features"), QStringLiteral("a.txt")}
+            << QStringLiteral("--load-features is what combines");
     }
 
     void shouldRefuseWhatItDoesNotUnderstandAndSayWhat()
@@ -176,7 +237,8 @@ private Q_SLOTS:
 
         for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
                                    "--screenshot", "--lang", "--panel", "--live", "--window-size",
-                                   "--grab", "--save-image", "FILE.xml"}) {
+                                   "--grab", "--save-image", "--save-features",
+                                   "--load-features", "--diff-features", "FILE.xml"}) {
             QVERIFY2(usage.contains(QLatin1String(option)), option);
         }
     }

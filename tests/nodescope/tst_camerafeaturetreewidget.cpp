@@ -124,6 +124,7 @@ private Q_SLOTS:
     void shouldOpenNewTreesAtTheLastChosenLevel();
     void shouldApplyTheHostsVisibilityToEveryTree();
     void shouldIgnoreAVisibilityOutOfRange();
+    void shouldSelectTheFeatureTheHostAsksFor();
     void shouldApplyThePollingStateToEveryTree();
     void shouldFollowPollingSwitchedInOneTree();
     void shouldKeepColumnWidthsAndPollingForTheNextStart();
@@ -656,6 +657,25 @@ void tst_CameraFeatureTreeWidget::shouldApplyTheHostsVisibilityToEveryTree()
     // And asking again for the same level changes nothing
     m_control->setVisibility(GenApi::Guru);
     QCOMPARE(forwarded.count(), 1);
+}
+
+void tst_CameraFeatureTreeWidget::shouldSelectTheFeatureTheHostAsksFor()
+{
+    // Given the first camera's tree on screen
+    auto panel = showFirstCamera();
+    FeatureTreeWidget* tree = panel->activeTree();
+    QVERIFY(tree);
+    // When the host asks for its Width
+    m_control->selectFeature(m_camera, kWidth);
+    // Then Width is the tree's current row, its category open
+    const QModelIndex current = tree->treeView()->currentIndex();
+    QCOMPARE(current, tree->proxyModel()->findItemByFullName(kWidth, nullptr, 0));
+    QVERIFY(current.isValid());
+    QVERIFY(tree->treeView()->isExpanded(current.parent()));
+    // And a feature the tree does not show, or another camera's, leaves the selection alone
+    m_control->selectFeature(m_camera, QStringLiteral("@CameraDevice/NoSuchFeature"));
+    m_control->selectFeature(m_secondCamera, kWidth);
+    QCOMPARE(tree->treeView()->currentIndex(), current);
 }
 
 void tst_CameraFeatureTreeWidget::shouldIgnoreAVisibilityOutOfRange()

@@ -290,6 +290,22 @@ FeatureTreeProxyModel* FeatureTreeWidget::proxyModel() const
     return ui->treeView->proxyModel();
 }
 
+bool FeatureTreeWidget::selectFeature(const QString& fullName)
+{
+    FeatureTreeProxyModel* proxy = proxyModel();
+    const QModelIndex index =
+        proxy ? proxy->findItemByFullName(fullName, nullptr, 0) : QModelIndex();
+    if (!index.isValid()) {
+        return false;
+    }
+    for (QModelIndex parent = index.parent(); parent.isValid(); parent = parent.parent()) {
+        ui->treeView->expand(parent);
+    }
+    ui->treeView->setCurrentIndex(index);
+    ui->treeView->scrollTo(index);
+    return true;
+}
+
 CFeatureTableView* FeatureTreeWidget::tableView() const
 {
     return ui->nodescopeTableView;

@@ -116,6 +116,8 @@ public:
     QString featuresAsText() const;
 
 public Q_SLOTS:
+    // Selects and shows the feature; false when the tree does not show it.
+    bool selectFeature(const QString& fullName);
     void expandTree();
     void expandRootNodes();
     void expandFirstRootNode();
