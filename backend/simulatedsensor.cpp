@@ -5,6 +5,8 @@
 #include "simulateddevice.h"
 #include "simulatedimage.h"
 
+#include <vector>
+
 namespace Backend {
 
 namespace {
@@ -82,6 +84,19 @@ ArvGcNode* linkedNode(ArvGcNode* node, ArvGcPropertyNodeType type)
     return nullptr;
 }
 
+// In the description's order, which Aravis's own list of entries does not keep.
+std::vector<ArvGcNode*> entriesOf(ArvGcNode* enumeration)
+{
+    std::vector<ArvGcNode*> entries;
+    for (ArvDomNode* child = arv_dom_node_get_first_child(ARV_DOM_NODE(enumeration));
+         child != nullptr; child = arv_dom_node_get_next_sibling(child)) {
+        if (ARV_IS_GC_ENUM_ENTRY(child)) {
+            entries.push_back(ARV_GC_NODE(child));
+        }
+    }
+    return entries;
+}
+
 QString nameOf(ArvGcNode* node)
 {
     return QString::fromUtf8(arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node)));
@@ -153,9 +168,7 @@ ArvGcNode* currentEntry(ArvGcNode* enumeration)
         g_clear_error(&error);
         return nullptr;
     }
-    for (const GSList* e = arv_gc_enumeration_get_entries(ARV_GC_ENUMERATION(enumeration));
-         e != nullptr; e = e->next) {
-        ArvGcNode* entry = ARV_GC_NODE(e->data);
+    for (ArvGcNode* entry : entriesOf(enumeration)) {
         const qint64 entryValue = arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(entry), &error);
         if (error != nullptr) {
             g_clear_error(&error);
@@ -172,9 +185,7 @@ ArvGcNode* currentEntry(ArvGcNode* enumeration)
 template <typename Wanted>
 void powerOnEntry(ArvGcNode* enumeration, const char* name, Wanted wanted, QStringList* notes)
 {
-    for (const GSList* e = arv_gc_enumeration_get_entries(ARV_GC_ENUMERATION(enumeration));
-         e != nullptr; e = e->next) {
-        ArvGcNode* entry = ARV_GC_NODE(e->data);
+    for (ArvGcNode* entry : entriesOf(enumeration)) {
         GError* error = nullptr;
         const qint64 value = arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(entry), &error);
         if (error != nullptr) {
