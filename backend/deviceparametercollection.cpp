@@ -281,7 +281,9 @@ void DeviceParameterCollection::attachSimulatedFile(const QString& nodeMapName,
             *error = QStringLiteral("%1 is larger than %2 MiB").arg(xmlFile).arg(maxBytes >> 20);
             return -1;
         }
-        return worker.attachSimulated(nodeMapName, xml, QString(), error);
+        // A file describes a camera that is not here: it powers on as the simulated sensor.
+        return worker.attachSimulated(nodeMapName, xml, QString(), error,
+                                      DeviceWorker::PowerOn::SimulatedSensor);
     });
 }
 

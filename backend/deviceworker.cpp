@@ -10,6 +10,7 @@
 #include "nodereader.h"
 #include "nodewriter.h"
 #include "simulateddevice.h"
+#include "simulatedsensor.h"
 #include "structurebuilder.h"
 
 #include <QHash>
@@ -86,7 +87,7 @@ void DeviceWorker::setLogicFactory(
 }
 
 int DeviceWorker::attachSimulated(const QString& nodeMapName, const QByteArray& xml,
-                                  const QString& defaults, QString* error)
+                                  const QString& defaults, QString* error, PowerOn powerOn)
 {
     auto map = std::make_unique<NodeMap>();
     map->name = nodeMapName;
@@ -103,6 +104,9 @@ int DeviceWorker::attachSimulated(const QString& nodeMapName, const QByteArray& 
         for (const QString& p : problems) {
             qWarning("%s defaults: %s", qPrintable(nodeMapName), qPrintable(p));
         }
+    }
+    if (powerOn == PowerOn::SimulatedSensor) {
+        SimulatedSensor::powerOn(*map->simulated);
     }
     if (m_logicFactory) {
         map->logic = m_logicFactory(*map->simulated);

@@ -42,8 +42,11 @@ public:
     ~DeviceWorker() override;
 
     // Device thread. Each attaches one node map and returns its index, or -1 with `error` set.
+    // A description without defaults of its own may power on as a simulated sensor
+    // (SimulatedSensor), so that it streams.
+    enum class PowerOn { AsMemory, SimulatedSensor };
     int attachSimulated(const QString& nodeMapName, const QByteArray& xml, const QString& defaults,
-                        QString* error);
+                        QString* error, PowerOn powerOn = PowerOn::AsMemory);
     // Takes over a reference to `device`, which must have been opened on this thread.
     int attachDevice(const QString& nodeMapName, ArvDevice* device, QString* error);
 

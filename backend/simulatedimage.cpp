@@ -52,14 +52,17 @@
 //    Storage: 8-bit formats one byte a component; Mono10/12/16 and Bayer*10/12 a 16-bit
 //    little-endian word a pixel; the "p" formats (Mono10p, Mono12p, Bayer*10p/12p) PFNC's
 //    LSB-first packing: pixel n takes bits n·d .. n·d + d - 1 of the image's bit stream, bit b
-//    of the stream being bit b % 8 of byte b / 8, with no padding at line ends.
+//    of the stream being bit b % 8 of byte b / 8, with no padding at line ends; Mono12Packed
+//    GigE Vision's older packing of pixel pairs in 3 bytes, across the whole image: byte 0 the
+//    first pixel's bits 11..4, byte 1 its bits 3..0 in bits 0..3 and the second pixel's bits
+//    3..0 in bits 4..7, byte 2 the second pixel's bits 11..4; a last odd pixel takes 2 bytes.
 
 namespace Backend {
 
 namespace {
 
 enum class Layout { Mono, Bayer, Rgb, Bgr, YCbCr422 };
-enum class Storage { Bytes, Words, Packed };
+enum class Storage { Bytes, Words, Packed, PairsIn3Bytes };
 enum Channel { R = 0, G = 1, B = 2 };
 
 struct Format {
@@ -83,6 +86,7 @@ constexpr Format kFormats[] = {
     {0x01100007, "Mono16", Layout::Mono, 16, Storage::Words, nullptr},
     {0x010A0046, "Mono10p", Layout::Mono, 10, Storage::Packed, nullptr},
     {0x010C0047, "Mono12p", Layout::Mono, 12, Storage::Packed, nullptr},
+    {0x010C0006, "Mono12Packed", Layout::Mono, 12, Storage::PairsIn3Bytes, nullptr},
     {0x01080008, "BayerGR8", Layout::Bayer, 8, Storage::Bytes, GR},
     {0x01080009, "BayerRG8", Layout::Bayer, 8, Storage::Bytes, RG},
     {0x0108000A, "BayerGB8", Layout::Bayer, 8, Storage::Bytes, GB},
@@ -296,6 +300,16 @@ public:
         } else if constexpr (S == Storage::Words) {
             *m_out++ = uchar(value & 0xFF);
             *m_out++ = uchar(value >> 8);
+        } else if constexpr (S == Storage::PairsIn3Bytes) {
+            if (m_count == 0) {
+                m_bits = value;
+                m_count = 1;
+            } else {
+                *m_out++ = uchar(m_bits >> 4);
+                *m_out++ = uchar((m_bits & 0xF) | ((value & 0xF) << 4));
+                *m_out++ = uchar(value >> 4);
+                m_count = 0;
+            }
         } else {
             m_bits |= quint64(value) << m_count;
             m_count += m_depth;
@@ -308,7 +322,13 @@ public:
     }
     void finish()
     {
-        if (m_count > 0) {
+        if constexpr (S == Storage::PairsIn3Bytes) {
+            if (m_count > 0) {
+                *m_out++ = uchar(m_bits >> 4);
+                *m_out++ = uchar(m_bits & 0xF);
+                m_count = 0;
+            }
+        } else if (m_count > 0) {
             *m_out++ = uchar(m_bits & 0xFF);
             m_bits = 0;
             m_count = 0;
@@ -561,6 +581,12 @@ QString SimulatedImage::formatName(quint32 pixelFormat)
                         : QStringLiteral("0x%1").arg(pixelFormat, 8, 16, QLatin1Char('0'));
 }
 
+quint32 SimulatedImage::formatCode(const QString& name)
+{
+    const Format* f = formatNamed(name.toLatin1().constData());
+    return f != nullptr ? f->code : 0;
+}
+
 bool SimulatedImage::settingsOf(ArvGc* genicam, SimulatedImageSettings* settings, QString* error)
 {
     Q_ASSERT(genicam != nullptr && settings != nullptr && error != nullptr);
@@ -623,6 +649,8 @@ std::size_t SimulatedImage::payloadSize(const SimulatedImageSettings& settings)
         return std::size_t(pixels * 2);
     case Storage::Packed:
         return std::size_t((pixels * quint64(f->depth) + 7) / 8);
+    case Storage::PairsIn3Bytes:
+        return std::size_t((pixels * 3 + 1) / 2);
     }
     return 0;
 }
@@ -652,6 +680,8 @@ void SimulatedImage::render(const SimulatedImageSettings& settings, quint64 fram
         return renderImage<Storage::Words>(*format, f, settings, out);
     case Storage::Packed:
         return renderImage<Storage::Packed>(*format, f, settings, out);
+    case Storage::PairsIn3Bytes:
+        return renderImage<Storage::PairsIn3Bytes>(*format, f, settings, out);
     }
 }
 

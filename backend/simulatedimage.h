@@ -45,6 +45,8 @@ public:
     // Whether render() knows the PFNC format, and the format's name in PixelFormat.
     static bool supports(quint32 pixelFormat);
     static QString formatName(quint32 pixelFormat);
+    // The PFNC code of the format render() makes under PixelFormat entry `name`; 0 for none.
+    static quint32 formatCode(const QString& name);
 
     // The exposure at which the simulated scene shows its nominal brightness.
     static constexpr double REFERENCE_EXPOSURE_US = 10000.0;

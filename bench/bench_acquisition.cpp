@@ -7,10 +7,9 @@
 //
 // The fake camera runs on 127.0.0.1 only, inside a private network namespace: the benchmark
 // starts itself again through run-in-netns.sh when it is not in one. Prints; never fails.
-#include <arv.h>
-
 #include <acquisition.h>
 #include <acquisitionservice.h>
+#include <barestreamloop.h>
 #include <camerapool.h>
 #include <deviceparametercollection.h>
 #include <deviceworker.h>
@@ -27,6 +26,7 @@
 #include <QTimer>
 
 #include <csignal>
+#include <memory>
 #include <cstdio>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -79,35 +79,6 @@ QSharedPointer<Backend::CameraInfo> openFakeCamera(Backend::CameraPool& pool)
     return nullptr;
 }
 
-// Image format and the highest frame rate the camera allows, through its own features.
-void configure(ArvGc* genicam, int size)
-{
-    GError* error = nullptr;
-    const auto setInt = [&](const char* name, gint64 value) {
-        ArvGcNode* node = arv_gc_get_node(genicam, name);
-        if (node != nullptr && ARV_IS_GC_INTEGER(node)) {
-            arv_gc_integer_set_value(ARV_GC_INTEGER(node), value, &error);
-            g_clear_error(&error);
-        }
-    };
-    setInt("OffsetX", 0);
-    setInt("OffsetY", 0);
-    setInt("Width", size);
-    setInt("Height", size);
-    ArvGcNode* format = arv_gc_get_node(genicam, "PixelFormat");
-    if (format != nullptr && ARV_IS_GC_ENUMERATION(format)) {
-        arv_gc_enumeration_set_string_value(ARV_GC_ENUMERATION(format), "Mono8", &error);
-        g_clear_error(&error);
-    }
-    ArvGcNode* rate = arv_gc_get_node(genicam, "AcquisitionFrameRate");
-    if (rate != nullptr && ARV_IS_GC_FLOAT(rate)) {
-        const double max = arv_gc_float_get_max(ARV_GC_FLOAT(rate), &error);
-        g_clear_error(&error);
-        arv_gc_float_set_value(ARV_GC_FLOAT(rate), max, &error);
-        g_clear_error(&error);
-    }
-}
-
 Figures throughOurStream(int size, int seconds)
 {
     Figures f;
@@ -120,8 +91,9 @@ Figures throughOurStream(int size, int seconds)
     }
     auto collection = qSharedPointerObjectCast<Backend::DeviceParameterCollection>(
         pool.getParameterCollection(info));
-    collection->runOnDeviceThread(
-        [size](Backend::DeviceWorker& worker) { configure(worker.genicam(0), size); });
+    collection->runOnDeviceThread([size](Backend::DeviceWorker& worker) {
+        Backend::BareStreamLoop::configureMono8(worker.genicam(0), size);
+    });
     Backend::Acquisition* acquisition = service.acquisitionOf(info);
     // A display's share: take the newest frame whenever one is announced.
     QObject consumer;
@@ -151,74 +123,33 @@ Figures throughOurStream(int size, int seconds)
 Figures bareAravisLoop(int size, int seconds)
 {
     Figures f;
-    GInetAddress* interfaceAddress = g_inet_address_new_loopback(G_SOCKET_FAMILY_IPV4);
-    GInetAddress* address = g_inet_address_new_from_string("127.0.0.1");
-    GError* error = nullptr;
-    ArvDevice* device = nullptr;
-    for (int attempt = 0; attempt < 50 && device == nullptr; ++attempt) {
-        device = arv_gv_device_new(interfaceAddress, address, &error);
-        g_clear_error(&error);
-        if (device == nullptr) {
-            QThread::msleep(100);
+    std::unique_ptr<Backend::BareStreamLoop> loop;
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        loop = std::make_unique<Backend::BareStreamLoop>(QStringLiteral("127.0.0.1"),
+                                                         QStringLiteral("127.0.0.1"));
+        if (loop->isOpen()) {
+            break;
         }
+        QThread::msleep(100);
     }
-    g_object_unref(interfaceAddress);
-    g_object_unref(address);
-    if (device == nullptr) {
+    if (!loop->isOpen()) {
         std::printf("  the fake camera does not answer\n");
         return f;
     }
-    ArvGc* genicam = arv_device_get_genicam(device);
-    configure(genicam, size);
-    const gint64 payload = arv_device_get_integer_feature_value(device, "PayloadSize", &error);
-    g_clear_error(&error);
-    ArvStream* stream = arv_device_create_stream(device, nullptr, nullptr, &error);
-    g_clear_error(&error);
-    if (stream == nullptr) {
-        g_object_unref(device);
+    loop->configureMono8(size);
+    if (!loop->start()) {
+        std::printf("  the fake camera gives no stream\n");
         return f;
     }
-    for (int i = 0; i < 10; ++i) {
-        arv_stream_push_buffer(stream, arv_buffer_new(size_t(payload), nullptr));
-    }
-    arv_device_execute_command(device, "AcquisitionStart", &error);
-    g_clear_error(&error);
-    const auto loopFor = [&](double limit, quint64* ok, quint64* bad) {
-        QElapsedTimer clock;
-        clock.start();
-        while (clock.elapsed() < limit * 1000) {
-            ArvBuffer* buffer = arv_stream_timeout_pop_buffer(stream, 100000);
-            if (buffer == nullptr) {
-                continue;
-            }
-            if (arv_buffer_get_status(buffer) == ARV_BUFFER_STATUS_SUCCESS) {
-                ++*ok;
-            } else {
-                ++*bad;
-            }
-            arv_stream_push_buffer(stream, buffer);
-        }
-        return clock.elapsed() / 1000.0;
-    };
-    quint64 ok = 0;
-    quint64 bad = 0;
-    loopFor(1.0, &ok, &bad); // warm up
-    ok = bad = 0;
-    guint64 underruns0 = 0;
-    arv_stream_get_statistics(stream, nullptr, nullptr, &underruns0);
+    loop->run(1.0); // warm up
     const double cpu0 = cpuSeconds();
-    const double elapsed = loopFor(seconds, &ok, &bad);
+    const Backend::BareStreamLoop::Result result = loop->run(seconds);
     const double cpu = cpuSeconds() - cpu0;
-    guint64 underruns = 0;
-    arv_stream_get_statistics(stream, nullptr, nullptr, &underruns);
-    arv_device_execute_command(device, "AcquisitionStop", &error);
-    g_clear_error(&error);
-    g_object_unref(stream);
-    g_object_unref(device);
-    f.frames = ok;
-    f.failed = bad + (underruns - underruns0);
-    f.fps = double(ok) / elapsed;
-    f.cpuUsPerFrame = ok > 0 ? cpu * 1e6 / double(ok) : 0;
+    loop->stop();
+    f.frames = result.completed;
+    f.failed = result.failed;
+    f.fps = result.seconds > 0 ? double(result.completed) / result.seconds : 0;
+    f.cpuUsPerFrame = result.completed > 0 ? cpu * 1e6 / double(result.completed) : 0;
     return f;
 }
 
@@ -232,8 +163,9 @@ void rssDrift(int seconds)
     }
     auto collection = qSharedPointerObjectCast<Backend::DeviceParameterCollection>(
         pool.getParameterCollection(info));
-    collection->runOnDeviceThread(
-        [](Backend::DeviceWorker& worker) { configure(worker.genicam(0), 512); });
+    collection->runOnDeviceThread([](Backend::DeviceWorker& worker) {
+        Backend::BareStreamLoop::configureMono8(worker.genicam(0), 512);
+    });
     Backend::Acquisition* acquisition = service.acquisitionOf(info);
     QObject consumer;
     QObject::connect(acquisition, &Plugin::Acquisition::IAcquisition::frameReady, &consumer,

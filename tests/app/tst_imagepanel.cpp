@@ -12,12 +12,14 @@
 #include <acquisition/pixelformat.h>
 #include <acquisitionservice.h>
 #include <camerapool.h>
+#include <parametercollection/iparameter.h>
 #include <parametercollection/iparametercollection.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
+#include <QDirIterator>
 #include <QDockWidget>
 #include <QFile>
 #include <QMouseEvent>
@@ -324,6 +326,57 @@ private Q_SLOTS:
         QTRY_VERIFY(panel.statusText().contains(QStringLiteral("Mono8, 640 × ")));
         panel.acquisitionActions()->stop()->trigger();
         QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+    }
+
+    void vendorDescriptionsShowAtTheirOwnSizeAndFormat()
+    {
+        QDirIterator it(QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR")) +
+                            QStringLiteral("/genicam"),
+                        {QStringLiteral("*.xml")}, QDir::Files);
+        int files = 0;
+        while (it.hasNext()) {
+            const QString file = it.next();
+            ++files;
+            // Given a vendor description as it powers on
+            const auto camera = m_pool->openSimulated(file);
+            const auto collection = m_pool->getParameterCollection(camera);
+            const auto width = qSharedPointerObjectCast<ParameterCollection::IIntegerParameter>(
+                collection->getParameter(QStringLiteral("@CameraDevice/Width")));
+            const auto height = qSharedPointerObjectCast<ParameterCollection::IIntegerParameter>(
+                collection->getParameter(QStringLiteral("@CameraDevice/Height")));
+            QVERIFY2(width && height, qPrintable(file));
+            Backend::AcquisitionService service(m_pool.data());
+            ImagePanel panel;
+            panel.setServices(&service, m_pool.data());
+            panel.resize(800, 600);
+            panel.show();
+            panel.setActiveDevice(camera);
+
+            // When Continuous Shot is pressed
+            panel.acquisitionActions()->continuousShot()->trigger();
+
+            // Then its frames show at the description's own size
+            QTRY_VERIFY_WITH_TIMEOUT(panel.view()->paintedCount() >= 2, 20000);
+            const FramePtr frame = panel.shownFrame();
+            QVERIFY2(frame, qPrintable(file));
+            QCOMPARE(qint64(frame->width()), width->getValue());
+            QCOMPARE(qint64(frame->height()), height->getValue());
+            QCOMPARE(panel.view()->image().width(), int(frame->width()));
+            QCOMPARE(panel.view()->image().height(), int(frame->height()));
+            QTRY_VERIFY2(
+                panel.statusText().contains(QStringLiteral("%1, %2 × %3")
+                                                .arg(PixelFormat::name(frame->pixelFormat()))
+                                                .arg(frame->width())
+                                                .arg(frame->height())),
+                qPrintable(panel.statusText()));
+            qInfo("%s: %s", qPrintable(QFileInfo(file).fileName()), qPrintable(panel.statusText()));
+            const auto acquisition = panel.acquisitionActions()->acquisition();
+            panel.acquisitionActions()->stop()->trigger();
+            QTRY_COMPARE(acquisition->state(), IAcquisition::Idle);
+        }
+        if (files == 0) {
+            QSKIP("no vendor descriptions: the shared genicam directory is absent");
+        }
     }
 
     void stopStopsTheFrameCount()

@@ -89,7 +89,7 @@ struct FormatInfo {
     QString name;
     int depth;
     enum Kind { Mono, Bayer, Rgb, Bgr, Yuv } kind;
-    enum Store { Byte, Word, Packed } store;
+    enum Store { Byte, Word, Packed, PairsIn3Bytes } store;
 };
 
 FormatInfo infoOf(const QString& name)
@@ -103,9 +103,11 @@ FormatInfo infoOf(const QString& name)
                                   : name == QLatin1String("RGB8")           ? FormatInfo::Rgb
                                   : name == QLatin1String("BGR8")           ? FormatInfo::Bgr
                                                                             : FormatInfo::Yuv;
-    const FormatInfo::Store store = name.endsWith(QLatin1Char('p')) ? FormatInfo::Packed
-                                    : depth > 8                     ? FormatInfo::Word
-                                                                    : FormatInfo::Byte;
+    const FormatInfo::Store store = name.endsWith(QLatin1String("Packed"))
+                                        ? FormatInfo::PairsIn3Bytes
+                                    : name.endsWith(QLatin1Char('p')) ? FormatInfo::Packed
+                                    : depth > 8                       ? FormatInfo::Word
+                                                                      : FormatInfo::Byte;
     return {name, depth, kind, store};
 }
 
@@ -120,6 +122,17 @@ public:
         } else if (m_format.store == FormatInfo::Word) {
             m_bytes.append(char(value % 256));
             m_bytes.append(char(value / 256));
+        } else if (m_format.store == FormatInfo::PairsIn3Bytes) {
+            // GigE Vision's pairs: high bits of each pixel whole, the low nibbles shared.
+            if (!m_pending) {
+                m_first = value;
+                m_pending = true;
+            } else {
+                m_bytes.append(char(m_first / 16));
+                m_bytes.append(char(m_first % 16 + (value % 16) * 16));
+                m_bytes.append(char(value / 16));
+                m_pending = false;
+            }
         } else {
             for (int b = 0; b < m_format.depth; ++b) {
                 if (m_bit % 8 == 0) {
@@ -132,12 +145,22 @@ public:
             }
         }
     }
-    QByteArray bytes() const { return m_bytes; }
+    QByteArray bytes() const
+    {
+        QByteArray all = m_bytes;
+        if (m_pending) {
+            all.append(char(m_first / 16));
+            all.append(char(m_first % 16));
+        }
+        return all;
+    }
 
 private:
     FormatInfo m_format;
     QByteArray m_bytes;
     quint64 m_bit = 0;
+    quint32 m_first = 0;
+    bool m_pending = false;
 };
 
 int bayerChannel(const QString& name, quint32 x, quint32 y)
@@ -216,7 +239,7 @@ SimulatedImageSettings settings(const char* format, const char* pattern, quint32
          {0x01080001u, 0x01100003u, 0x01100005u, 0x01100007u, 0x010A0046u, 0x010C0047u,
           0x01080008u, 0x01080009u, 0x0108000Au, 0x0108000Bu, 0x0110000Du, 0x010A0058u,
           0x01100010u, 0x01100011u, 0x01100012u, 0x01100013u, 0x010C0057u, 0x010C0059u,
-          0x010C0055u, 0x010C0053u, 0x02180014u, 0x02180015u, 0x0210003Bu}) {
+          0x010C0055u, 0x010C0053u, 0x02180014u, 0x02180015u, 0x0210003Bu, 0x010C0006u}) {
         if (SimulatedImage::formatName(code) == QLatin1String(format)) {
             s.pixelFormat = code;
         }
@@ -288,11 +311,11 @@ void tst_SimulatedImage::shouldRenderEveryFormatAndPatternBitExact_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("pattern");
-    const char* formats[] = {"Mono8",     "Mono10",     "Mono12",     "Mono16",     "Mono10p",
-                             "Mono12p",   "BayerRG8",   "BayerGB8",   "BayerGR8",   "BayerBG8",
-                             "BayerRG10", "BayerRG10p", "BayerRG12",  "BayerGB12",  "BayerGR12",
-                             "BayerBG12", "BayerRG12p", "BayerGB12p", "BayerGR12p", "BayerBG12p",
-                             "RGB8",      "BGR8",       "YCbCr422_8"};
+    const char* formats[] = {"Mono8",      "Mono10",       "Mono12",     "Mono16",     "Mono10p",
+                             "Mono12p",    "Mono12Packed", "BayerRG8",   "BayerGB8",   "BayerGR8",
+                             "BayerBG8",   "BayerRG10",    "BayerRG10p", "BayerRG12",  "BayerGB12",
+                             "BayerGR12",  "BayerBG12",    "BayerRG12p", "BayerGB12p", "BayerGR12p",
+                             "BayerBG12p", "RGB8",         "BGR8",       "YCbCr422_8"};
     const char* patterns[] = {"Off",
                               "Black",
                               "White",
@@ -380,6 +403,8 @@ void tst_SimulatedImage::shouldSizePayloadsFromFormatAndShape_data()
     QTest::newRow("Mono12p") << "Mono12p" << 1920u << 1200u << 3456000ull;
     QTest::newRow("Mono10p rounds up") << "Mono10p" << 3u << 3u << 12ull;
     QTest::newRow("Mono12p odd") << "Mono12p" << 3u << 1u << 5ull;
+    QTest::newRow("Mono12Packed") << "Mono12Packed" << 4u << 1u << 6ull;
+    QTest::newRow("Mono12Packed odd") << "Mono12Packed" << 3u << 1u << 5ull;
     QTest::newRow("BayerGR12p") << "BayerGR12p" << 16u << 2u << 48ull;
     QTest::newRow("BayerBG8") << "BayerBG8" << 16u << 2u << 32ull;
     QTest::newRow("RGB8") << "RGB8" << 640u << 480u << 921600ull;
