@@ -3,6 +3,8 @@
 #include "changejournal.h"
 #include "journaltestsupport.h"
 #include "devicespane.h"
+#include "featuresetactions.h"
+#include "featuresetreportdialog.h"
 #include "mainwindow.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
@@ -10,6 +12,8 @@
 #include <camerapool.h>
 #include <deviceparametercollection.h>
 #include <deviceworker.h>
+#include <featureset.h>
+#include <featuresetjob.h>
 #include <parametercollection/iparameter.h>
 #include <parametercollection/iparametercollection.h>
 #include <simulateddevice.h>
@@ -17,6 +21,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
@@ -29,6 +34,8 @@
 #include <memory>
 
 using Backend::DeviceParameterCollection;
+using Backend::FeatureSet;
+using Backend::FeatureSetJob;
 using VantoViewer::ChangeJournal;
 using VantoViewer::MainWindow;
 using VantoViewer::PluginManager;
@@ -39,6 +46,28 @@ namespace {
 const QString kWidth = QStringLiteral("@CameraDevice/Width");
 const QString kHeight = QStringLiteral("@CameraDevice/Height");
 const QString kGain = QStringLiteral("@CameraDevice/Gain");
+const QString kGainSelector = QStringLiteral("@CameraDevice/GainSelector");
+const QString kTriggerSelector = QStringLiteral("@CameraDevice/TriggerSelector");
+
+// Plain features, a selector the load moves, and features under every value of a selector.
+const QByteArray kLoadedSet = "Nodescope feature set\nFormat: 1\n\n"
+                              "Width = 800\nHeight = 600\nReverseX = true\n"
+                              "GainSelector = AnalogAll\n\n"
+                              "[GainSelector = All]\nGain = 3\n\n"
+                              "[GainSelector = AnalogAll]\nGain = 5\n\n"
+                              "[GainSelector = DigitalAll]\nGain = 1.5\n\n"
+                              "[TriggerSelector = FrameStart]\nTriggerMode = On\n\n"
+                              "[End]\n";
+
+// The features in which two sets differ, for a failure's message.
+QString differences(const FeatureSet& left, const FeatureSet& right)
+{
+    QStringList lines;
+    for (const FeatureSet::Difference& d : FeatureSet::compare(left, right)) {
+        lines << QStringLiteral("%1: %2 / %3").arg(d.name, d.left, d.right);
+    }
+    return lines.join(QStringLiteral("; "));
+}
 
 QTreeView* visibleTree(QDockWidget* dock)
 {
@@ -419,6 +448,138 @@ private Q_SLOTS:
 
         window.reset();
         plugins->unloadAll();
+    }
+    void loadedFeatureSetIsOneStepThatUndoesEveryValue()
+    {
+        QTemporaryDir settings;
+        QVERIFY(settings.isValid());
+        isolateSettings(settings.path());
+        const JournalCameras& cameras = *m_cameras;
+        std::unique_ptr<PluginManager> plugins;
+        std::unique_ptr<MainWindow> window;
+        const QString failure = startTestHost(cameras.pool, plugins, window);
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
+        QApplication::setActiveWindow(window.get());
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        ChangeJournal* journal = window->changeJournal();
+        journal->setMergeWindow(0);
+        const auto info = cameras.pool->openSimulated();
+        window->addDevice(info);
+        QDockWidget* all = window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTree(all) && visibleTree(all)->model()->rowCount() > 0);
+        QTreeView* view = visibleTree(all);
+        DeviceParameterCollection* collection = cameras.collection(info);
+
+        // Given selectors the user left away from where the file puts them
+        collection->getParameter(kGainSelector)->setValue(QStringLiteral("DigitalAll"));
+        collection->getParameter(kTriggerSelector)->setValue(QStringLiteral("AcquisitionStart"));
+        QTRY_COMPARE(journal->undoStack(info)->count(), 2);
+        const FeatureSet before = FeatureSetJob::saveAndWait(collection);
+        QVERIFY(before.lines.size() > 100);
+
+        // When a feature set is loaded through the Camera menu's code path
+        const QString file = settings.filePath(QStringLiteral("lab.txt"));
+        {
+            QFile out(file);
+            QVERIFY(out.open(QIODevice::WriteOnly));
+            out.write(kLoadedSet);
+        }
+        QSignalSpy loaded(window->featureSetActions(),
+                          &VantoViewer::FeatureSetActions::featureSetLoaded);
+        window->featureSetActions()->loadFrom(file);
+        QVERIFY(loaded.wait(10000));
+        const auto report = loaded.first().at(1).value<Backend::FeatureSetTransfer::LoadReport>();
+        QVERIFY2(report.failures.isEmpty(), qPrintable(report.failures.value(0).message));
+        if (window->featureSetActions()->reportDialog()) {
+            window->featureSetActions()->reportDialog()->close();
+        }
+        const FeatureSet after = FeatureSetJob::saveAndWait(collection);
+        QVERIFY(!FeatureSet::compare(before, after).isEmpty());
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
+
+        // Then it is one entry and one step
+        QCOMPARE(journal->undoStack(info)->count(), 3);
+        QCOMPARE(journal->undoAction()->text(), QStringLiteral("&Undo Load lab.txt"));
+        const ChangeJournal::Entry entry = journal->entries(info).last();
+        QCOMPARE(entry.origin, Origin::Batch);
+        QCOMPARE(entry.feature, QStringLiteral("Load lab.txt"));
+        // Width, Height, ReverseX, GainSelector, Gain under three values, TriggerMode
+        QCOMPARE(entry.groupSize, 8);
+
+        // When the user presses Ctrl+Z in the tree
+        QApplication::setActiveWindow(window.get());
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        view->setFocus();
+        QTRY_VERIFY(view->hasFocus());
+        QSignalSpy applied(journal, &ChangeJournal::applied);
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+
+        // Then every feature is back as it was, under every selector value, and the selectors
+        // too, as the device reads them
+        QTRY_COMPARE(journal->undoStack(info)->index(), 2);
+        QCOMPARE(applied.count(), 1);
+        const FeatureSet undone = FeatureSetJob::saveAndWait(collection);
+        QVERIFY2(FeatureSet::compare(before, undone).isEmpty(),
+                 qPrintable(differences(before, undone)));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
+        QCOMPARE(cameras.readBack(info, kGainSelector).toString(), QStringLiteral("DigitalAll"));
+        QCOMPARE(journal->entries(info).last().origin, Origin::Undo);
+        QVERIFY(journal->entries(info).last().done);
+
+        // And Ctrl+Shift+Z applies the load again
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QTRY_COMPARE(journal->undoStack(info)->index(), 3);
+        QCOMPARE(applied.count(), 2);
+        const FeatureSet redone = FeatureSetJob::saveAndWait(collection);
+        QVERIFY2(FeatureSet::compare(after, redone).isEmpty(),
+                 qPrintable(differences(after, redone)));
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
+        QCOMPARE(journal->entries(info).last().origin, Origin::Redo);
+
+        window.reset();
+        plugins->unloadAll();
+    }
+
+    void refusedUndoOfALoadIsReportedAndLeavesTheStep()
+    {
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
+        const FeatureSet before = FeatureSetJob::saveAndWait(collection);
+        const auto report = FeatureSetJob::loadAndWait(
+            collection, FeatureSet::parse(kLoadedSet, QStringLiteral("lab.txt")));
+        QVERIFY(report.failures.isEmpty());
+        journal.recordLoad(info, QStringLiteral("lab.txt"), report);
+        QCOMPARE(journal.undoStack(info)->count(), 1);
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
+        QSignalSpy refused(&journal, &ChangeJournal::refused);
+        QSignalSpy applied(&journal, &ChangeJournal::applied);
+
+        journal.undo();
+        QVERIFY(journal.isBusy());
+
+        QTRY_COMPARE(refused.count(), 1);
+        QVERIFY2(refused.first().first().toString().contains(QStringLiteral("Load lab.txt")),
+                 qPrintable(refused.first().first().toString()));
+        QVERIFY2(refused.first().first().toString().contains(QStringLiteral("Width")),
+                 qPrintable(refused.first().first().toString()));
+        QCOMPARE(applied.count(), 0);
+        QCOMPARE(journal.undoStack(info)->index(), 1);
+        QVERIFY(journal.undoAction()->isEnabled());
+        const ChangeJournal::Entry entry = journal.entries(info).last();
+        QCOMPARE(entry.origin, Origin::Undo);
+        QVERIFY(!entry.done);
+        QVERIFY(!entry.reason.isEmpty());
+
+        // Once the camera takes writes again, the same step undoes
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::None);
+        journal.undo();
+        QTRY_COMPARE(applied.count(), 1);
+        QCOMPARE(journal.undoStack(info)->index(), 0);
+        const FeatureSet undone = FeatureSetJob::saveAndWait(collection);
+        QVERIFY2(FeatureSet::compare(before, undone).isEmpty(),
+                 qPrintable(differences(before, undone)));
     }
 };
 
