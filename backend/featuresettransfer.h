@@ -90,7 +90,8 @@ private:
     struct Item;
     QVector<int> savedNodes();
     void saveGroup(const QVector<int>& selectors, const QVector<int>& features, FeatureSet& set);
-    QStringList selectorValues(int selector);
+    // The values a save visits; `now`, when the selector can be read, its value now.
+    QStringList selectorValues(int selector, QString* now);
     QString headerValue(const char* feature);
     bool writeText(int node, const QString& text, Failure* failure, QString* before,
                    QString* written);
