@@ -165,7 +165,7 @@ FeatureSet FeatureSetTransfer::save()
         }
     }
     for (auto it = groups.cbegin(); it != groups.cend(); ++it) {
-        saveGroup(it.key(), it.value(), set);
+        saveGroup(it.key(), it.value(), marked, set);
     }
     // Put the selectors back the way they were, innermost first.
     QVector<int> touched = m_originalSelectors.keys().toVector();
@@ -208,7 +208,7 @@ QStringList FeatureSetTransfer::selectorValues(int selector, QString* now)
 }
 
 void FeatureSetTransfer::saveGroup(const QVector<int>& selectors, const QVector<int>& features,
-                                   FeatureSet& set)
+                                   bool marked, FeatureSet& set)
 {
     const NodeMapStructure& structure = m_access.structure();
     QVector<QStringList> values;
@@ -254,7 +254,8 @@ void FeatureSetTransfer::saveGroup(const QVector<int>& selectors, const QVector<
         }
         for (int node : features) {
             const ParameterDataPtr data = selected ? m_access.read(node) : ParameterDataPtr();
-            if (data && data->readable) {
+            // The same rule as for the features no selector selects.
+            if (data && data->readable && (marked || data->writable)) {
                 FeatureSet::Line line;
                 line.selectors = chosen;
                 line.feature = structure.nodes[node].featureName;
