@@ -1,5 +1,9 @@
 #include "changejournal.h"
 
+#include "featuresetloadcommand.h"
+
+#include <featuresetjob.h>
+
 #include <camerapool/ibaseinfo.h>
 #include <parametercollection/exception.h>
 #include <parametercollection/iparameter.h>
@@ -13,6 +17,8 @@
 namespace VantoViewer {
 
 using Backend::DeviceParameterCollection;
+using Backend::FeatureSetJob;
+using Backend::FeatureSetTransfer;
 using Plugin::CameraPool::IBaseInfo;
 
 // An undo or redo under way: the writes it issued and what the device said to them.
@@ -24,6 +30,19 @@ struct ChangeJournal::Operation {
     int answered = 0;
     QString title;
     QStringList refusals;
+    QPointer<FeatureSetJob> job; // a load's step going back; child of the journal
+
+    Operation() = default;
+    Operation(const Operation&) = delete;
+    Operation& operator=(const Operation&) = delete;
+    ~Operation()
+    {
+        if (job) {
+            // Its answer may be on its way: the job goes once the event loop is back.
+            job->cancel();
+            job->deleteLater();
+        }
+    }
 };
 
 ChangeJournal::ChangeJournal(QObject* parent)
@@ -251,6 +270,28 @@ void ChangeJournal::recordGroup(const BaseInfoPtr& info, const QString& title,
     }
 }
 
+void ChangeJournal::recordLoad(const BaseInfoPtr& info, const QString& source,
+                               const FeatureSetTransfer::LoadReport& report)
+{
+    const auto it = m_cameras.find(info.data());
+    if (it == m_cameras.end()) {
+        return;
+    }
+    auto step = std::make_unique<FeatureSetLoadCommand>(tr("Load %1").arg(source), report);
+    Entry entry;
+    entry.time = QDateTime::currentDateTime();
+    entry.feature = step->text();
+    entry.oldKnown = true;
+    entry.newText = tr("%n feature(s)", nullptr, step->featureCount());
+    entry.done = true;
+    entry.origin = Origin::Batch;
+    entry.groupSize = step->featureCount();
+    append(info.data(), entry);
+    if (step->featureCount() > 0) {
+        it->stack->push(step.release());
+    }
+}
+
 void ChangeJournal::undo()
 {
     apply(true);
@@ -271,13 +312,17 @@ void ChangeJournal::apply(bool undo)
     if (!stack || (undo ? !stack->canUndo() : !stack->canRedo())) {
         return;
     }
-    const auto* step = static_cast<const FeatureWriteCommand*>(
-        stack->command(undo ? stack->index() - 1 : stack->index()));
+    const QUndoCommand* command = stack->command(undo ? stack->index() - 1 : stack->index());
     m_operation = std::make_unique<Operation>();
     m_operation->camera = m_active;
     m_operation->undo = undo;
-    m_operation->title = step->text();
+    m_operation->title = command->text();
     updateActions();
+    if (const auto* load = dynamic_cast<const FeatureSetLoadCommand*>(command)) {
+        applyLoad(camera, *load);
+        return;
+    }
+    const auto* step = static_cast<const FeatureWriteCommand*>(command);
     DeviceParameterCollection* collection = camera.collection;
     if (!collection) {
         m_operation->refusals.append(tr("the camera is closed"));
@@ -308,6 +353,61 @@ void ChangeJournal::apply(bool undo)
         }
         collection->setWriteOrigin(Origin::User);
     }
+    if (m_operation) {
+        m_operation->issuing = false;
+        finishIfAnswered();
+    }
+}
+
+void ChangeJournal::applyLoad(const Camera& camera, const FeatureSetLoadCommand& step)
+{
+    DeviceParameterCollection* collection = camera.collection;
+    if (!collection) {
+        m_operation->refusals.append(tr("the camera is closed"));
+        m_operation->issuing = false;
+        finishIfAnswered();
+        return;
+    }
+    const IBaseInfo* key = m_operation->camera;
+    const bool undo = m_operation->undo;
+    const int features = step.featureCount();
+    auto* job = new FeatureSetJob(collection, this);
+    m_operation->job = job;
+    ++m_operation->issued;
+    // The camera's answer: journaled as one entry, like the step it undoes or redoes.
+    const auto answer = [this, job, key, undo, features](const QStringList& refusals) {
+        if (!m_operation || m_operation->job != job) {
+            return; // the camera went meanwhile
+        }
+        Entry entry;
+        entry.time = QDateTime::currentDateTime();
+        entry.feature = m_operation->title;
+        entry.oldKnown = true;
+        entry.newText = tr("%n feature(s)", nullptr, features);
+        entry.done = refusals.isEmpty();
+        entry.reason = refusals.join(QStringLiteral("; "));
+        entry.origin = undo ? Origin::Undo : Origin::Redo;
+        entry.groupSize = features;
+        append(key, entry);
+        m_operation->refusals += refusals;
+        ++m_operation->answered;
+        finishIfAnswered();
+    };
+    connect(job, &FeatureSetJob::loaded, this,
+            [answer](const FeatureSetTransfer::LoadReport& report) {
+                QStringList refusals;
+                for (const FeatureSetTransfer::Failure& failure : report.failures) {
+                    refusals.append(QStringLiteral("%1: %2").arg(
+                        failure.name, failure.message.isEmpty()
+                                          ? FeatureSetTransfer::reasonText(failure.reason)
+                                          : failure.message));
+                }
+                answer(refusals);
+            });
+    connect(job, &FeatureSetJob::failed, this,
+            [answer](const QString& reason) { answer({reason}); });
+    // The transfer orders the writes by the dependency graph and puts the selectors back last.
+    job->load(undo ? step.before() : step.after());
     if (m_operation) {
         m_operation->issuing = false;
         finishIfAnswered();

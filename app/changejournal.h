@@ -4,6 +4,7 @@
 
 #include <camerapool/ibaseinfo.h>
 #include <deviceparametercollection.h>
+#include <featuresettransfer.h>
 
 #include <QDateTime>
 #include <QHash>
@@ -23,6 +24,8 @@ class IParameterCollection;
 } // namespace ParameterCollection
 
 namespace VantoViewer {
+
+class FeatureSetLoadCommand;
 
 // What the user wrote to each open camera, when, from which value to which, and whether the
 // camera took it; with an undo stack per camera whose undo writes the old values back. The
@@ -76,6 +79,12 @@ public:
     // without becoming steps of their own. Changes whose old value is unknown are left out of
     // the step.
     void recordGroup(const BaseInfoPtr& info, const QString& title, const QVector<Change>& changes);
+    // A feature set loaded from `source` (a file's name): one entry and one undo step, whose
+    // undo writes back, on the device thread, what every feature the load changed held before,
+    // selected features under their selector values and the selectors last; its redo writes
+    // what the load wrote. A load that changed nothing is journaled without a step.
+    void recordLoad(const BaseInfoPtr& info, const QString& source,
+                    const Backend::FeatureSetTransfer::LoadReport& report);
 
     // Write the old (new) values of the active camera's step back; the stack moves once the
     // device took them all. A refusal is reported and leaves the stack where it was.
@@ -113,6 +122,8 @@ private:
                          const Backend::DeviceParameterCollection::WriteRecord& record);
     void append(const Plugin::CameraPool::IBaseInfo* key, const Entry& entry);
     void apply(bool undo);
+    // The step of a load: its values go back by a transfer, not one write at a time.
+    void applyLoad(const Camera& camera, const FeatureSetLoadCommand& step);
     void finishIfAnswered();
     void updateActions();
     QString stepText(const QString& fullName, const QString& value) const;

@@ -67,7 +67,8 @@ QString ChangesModel::valueText(const ChangeJournal::Entry& entry, int column) c
 QString ChangesModel::resultText(const ChangeJournal::Entry& entry) const
 {
     using Origin = ChangeJournal::Origin;
-    if (entry.groupSize > 0) {
+    // An undo or redo of a step of many features says whether it went back.
+    if (entry.groupSize > 0 && entry.origin == Origin::Batch) {
         return tr("Applied as one step");
     }
     switch (entry.origin) {

@@ -184,7 +184,7 @@ void FeatureSetActions::loadFrom(const QString& fileName)
                 m_report = new FeatureSetReportDialog(fileName, report, m_window);
                 m_report->setAttribute(Qt::WA_DeleteOnClose);
                 m_report->show();
-                Q_EMIT featureSetLoaded(camera, report);
+                Q_EMIT featureSetLoaded(camera, report, QFileInfo(fileName).fileName());
             });
     connect(job, &FeatureSetJob::failed, this,
             [this, job, progress, fileName](const QString& reason) {

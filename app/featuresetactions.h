@@ -64,9 +64,11 @@ public:
 Q_SIGNALS:
     void message(const QString& text);
     void failed(const QString& text);
-    // A load finished: every line it applied, with the value before and the value written.
+    // A load finished: every line it applied, with the value before and the value written;
+    // `source` is the file's name, without its folder.
     void featureSetLoaded(QSharedPointer<Plugin::CameraPool::IBaseInfo> info,
-                          const Backend::FeatureSetTransfer::LoadReport& report);
+                          const Backend::FeatureSetTransfer::LoadReport& report,
+                          const QString& source);
     void compared();
 
 private:

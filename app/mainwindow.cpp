@@ -225,6 +225,11 @@ void MainWindow::createChangesPanel()
     connect(m_journal, &ChangeJournal::applied, m_statusBar,
             [this](const QString& text) { m_statusBar->showMessage(text); });
     connect(m_journal, &ChangeJournal::refused, m_statusBar, &FeatureStatusBar::showError);
+    // A loaded feature set is one step, taken back as a whole.
+    connect(m_featureSets, &FeatureSetActions::featureSetLoaded, m_journal,
+            [this](const QSharedPointer<Plugin::CameraPool::IBaseInfo>& info,
+                   const Backend::FeatureSetTransfer::LoadReport& report,
+                   const QString& source) { m_journal->recordLoad(info, source, report); });
 }
 
 void MainWindow::createImagePanels()

@@ -165,7 +165,7 @@ FeatureSet FeatureSetTransfer::save()
         }
     }
     for (auto it = groups.cbegin(); it != groups.cend(); ++it) {
-        saveGroup(it.key(), it.value(), set);
+        saveGroup(it.key(), it.value(), marked, set);
     }
     // Put the selectors back the way they were, innermost first.
     QVector<int> touched = m_originalSelectors.keys().toVector();
@@ -177,14 +177,15 @@ FeatureSet FeatureSetTransfer::save()
     return set;
 }
 
-QStringList FeatureSetTransfer::selectorValues(int selector)
+QStringList FeatureSetTransfer::selectorValues(int selector, QString* now)
 {
     const ParameterDataPtr data = m_access.read(selector);
     if (!data->readable) {
         return {};
     }
+    *now = valueText(data->type, data->value);
     if (!m_originalSelectors.contains(selector)) {
-        m_originalSelectors.insert(selector, valueText(data->type, data->value));
+        m_originalSelectors.insert(selector, *now);
     }
     QStringList values;
     if (data->type == EnumerationType) {
@@ -207,13 +208,20 @@ QStringList FeatureSetTransfer::selectorValues(int selector)
 }
 
 void FeatureSetTransfer::saveGroup(const QVector<int>& selectors, const QVector<int>& features,
-                                   FeatureSet& set)
+                                   bool marked, FeatureSet& set)
 {
     const NodeMapStructure& structure = m_access.structure();
     QVector<QStringList> values;
+    // What each selector holds now, where known: a selector already at the value a
+    // combination wants is not written again. On a link where every access costs, the walk
+    // is the save's price, and outer selectors stay put for a whole inner walk.
+    QVector<QString> now(selectors.size());
+    QVector<bool> known(selectors.size(), false);
     int combinations = 1;
     for (int selector : selectors) {
-        values.append(selectorValues(selector));
+        const int s = values.size();
+        values.append(selectorValues(selector, &now[s]));
+        known[s] = !values.last().isEmpty();
         combinations *= qMax(1, values.last().size());
         if (values.last().isEmpty() || combinations > kMaxCombinations) {
             return;
@@ -223,17 +231,31 @@ void FeatureSetTransfer::saveGroup(const QVector<int>& selectors, const QVector<
     for (int c = 0; c < combinations; ++c) {
         FeatureSet::Selectors chosen;
         bool selected = true;
+        // Once an outer selector moved, the inner ones are written again whatever they held:
+        // their values may have moved with it.
+        bool moved = false;
         for (int s = 0; s < selectors.size(); ++s) {
             const QString& value = values[s][at[s]];
             chosen.append({structure.nodes[selectors[s]].featureName, value});
+            if (!selected) {
+                known[s] = false; // not written: where it stands is not ours to assume
+                continue;
+            }
+            if (!moved && known[s] && now[s] == value) {
+                continue;
+            }
+            moved = true;
             // The value was read from the selector itself: no need to check it first.
             Exception::Kind kind = Exception::Generic;
             QString message;
-            selected = selected && m_access.write(selectors[s], value, &kind, &message);
+            selected = m_access.write(selectors[s], value, &kind, &message);
+            known[s] = selected;
+            now[s] = value;
         }
         for (int node : features) {
             const ParameterDataPtr data = selected ? m_access.read(node) : ParameterDataPtr();
-            if (data && data->readable) {
+            // The same rule as for the features no selector selects.
+            if (data && data->readable && (marked || data->writable)) {
                 FeatureSet::Line line;
                 line.selectors = chosen;
                 line.feature = structure.nodes[node].featureName;

@@ -89,8 +89,11 @@ public:
 private:
     struct Item;
     QVector<int> savedNodes();
-    void saveGroup(const QVector<int>& selectors, const QVector<int>& features, FeatureSet& set);
-    QStringList selectorValues(int selector);
+    // `marked`: the description says what to save; otherwise only what can be written back.
+    void saveGroup(const QVector<int>& selectors, const QVector<int>& features, bool marked,
+                   FeatureSet& set);
+    // The values a save visits; `now`, when the selector can be read, its value now.
+    QStringList selectorValues(int selector, QString* now);
     QString headerValue(const char* feature);
     bool writeText(int node, const QString& text, Failure* failure, QString* before,
                    QString* written);

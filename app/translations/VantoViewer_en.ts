@@ -58,6 +58,10 @@
         </translation>
     </message>
     <message>
+        <source>Load %1</source>
+        <translation>Load %1</translation>
+    </message>
+    <message>
         <source>the camera is closed</source>
         <translation>the camera is closed</translation>
     </message>

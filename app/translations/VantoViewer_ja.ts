@@ -57,6 +57,10 @@
         </translation>
     </message>
     <message>
+        <source>Load %1</source>
+        <translation>%1 を読み込む</translation>
+    </message>
+    <message>
         <source>the camera is closed</source>
         <translation>カメラは閉じられています</translation>
     </message>

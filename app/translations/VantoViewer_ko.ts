@@ -57,6 +57,10 @@
         </translation>
     </message>
     <message>
+        <source>Load %1</source>
+        <translation>%1 불러오기</translation>
+    </message>
+    <message>
         <source>the camera is closed</source>
         <translation>카메라가 닫혔습니다</translation>
     </message>

@@ -57,6 +57,10 @@
         </translation>
     </message>
     <message>
+        <source>Load %1</source>
+        <translation>加载 %1</translation>
+    </message>
+    <message>
         <source>the camera is closed</source>
         <translation>相机已关闭</translation>
     </message>

@@ -3,6 +3,8 @@
 #include "changejournal.h"
 #include "journaltestsupport.h"
 #include "devicespane.h"
+#include "featuresetactions.h"
+#include "featuresetreportdialog.h"
 #include "mainwindow.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
@@ -10,6 +12,8 @@
 #include <camerapool.h>
 #include <deviceparametercollection.h>
 #include <deviceworker.h>
+#include <featureset.h>
+#include <featuresetjob.h>
 #include <parametercollection/iparameter.h>
 #include <parametercollection/iparametercollection.h>
 #include <simulateddevice.h>
@@ -17,6 +21,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
@@ -29,6 +34,8 @@
 #include <memory>
 
 using Backend::DeviceParameterCollection;
+using Backend::FeatureSet;
+using Backend::FeatureSetJob;
 using VantoViewer::ChangeJournal;
 using VantoViewer::MainWindow;
 using VantoViewer::PluginManager;
@@ -39,6 +46,56 @@ namespace {
 const QString kWidth = QStringLiteral("@CameraDevice/Width");
 const QString kHeight = QStringLiteral("@CameraDevice/Height");
 const QString kGain = QStringLiteral("@CameraDevice/Gain");
+const QString kGainSelector = QStringLiteral("@CameraDevice/GainSelector");
+const QString kTriggerSelector = QStringLiteral("@CameraDevice/TriggerSelector");
+
+// Plain features, a selector the load moves, and features under every value of a selector.
+const QByteArray kLoadedSet = "Nodescope feature set\nFormat: 1\n\n"
+                              "Width = 800\nHeight = 600\nReverseX = true\n"
+                              "GainSelector = AnalogAll\n\n"
+                              "[GainSelector = All]\nGain = 3\n\n"
+                              "[GainSelector = AnalogAll]\nGain = 5\n\n"
+                              "[GainSelector = DigitalAll]\nGain = 1.5\n\n"
+                              "[TriggerSelector = FrameStart]\nTriggerMode = On\n\n"
+                              "[End]\n";
+
+// An undo of the active camera's last step that the camera refuses: reported with `named`,
+// journaled as refused, and the stack where it was.
+void undoRefused(ChangeJournal& journal, const ChangeJournal::BaseInfoPtr& info,
+                 const QStringList& named)
+{
+    QSignalSpy refused(&journal, &ChangeJournal::refused);
+    QSignalSpy applied(&journal, &ChangeJournal::applied);
+    const int index = journal.undoStack(info)->index();
+
+    journal.undo();
+
+    QTRY_COMPARE(refused.count(), 1);
+    const QString message = refused.first().first().toString();
+    for (const QString& text : named) {
+        QVERIFY2(message.contains(text), qPrintable(message));
+    }
+    QCOMPARE(applied.count(), 0);
+    // The stack does not claim what the camera refused
+    QCOMPARE(journal.undoStack(info)->index(), index);
+    QVERIFY(journal.undoAction()->isEnabled());
+    const ChangeJournal::Entry entry = journal.entries(info).last();
+    QCOMPARE(entry.origin, Origin::Undo);
+    QVERIFY(!entry.done);
+    QVERIFY(!entry.reason.isEmpty());
+}
+
+// Every saved feature of the camera, under every selector value, holds what `expected` says:
+// read from the device on its thread.
+void expectCameraHolds(DeviceParameterCollection* collection, const FeatureSet& expected)
+{
+    const FeatureSet now = FeatureSetJob::saveAndWait(collection);
+    QStringList differences;
+    for (const FeatureSet::Difference& d : FeatureSet::compare(expected, now)) {
+        differences << QStringLiteral("%1: %2 / %3").arg(d.name, d.left, d.right);
+    }
+    QVERIFY2(differences.isEmpty(), qPrintable(differences.join(QStringLiteral("; "))));
+}
 
 QTreeView* visibleTree(QDockWidget* dock)
 {
@@ -60,6 +117,43 @@ private:
     std::unique_ptr<JournalCameras> m_cameras;
     std::unique_ptr<ChangeJournal> m_journal;
     ChangeJournal::BaseInfoPtr m_info; // the first camera, journaled and active
+
+    // The window with the feature plug-in, a camera of its own open in it and its tree shown.
+    struct WindowUnderTest {
+        QTemporaryDir settings; // goes last
+        std::unique_ptr<PluginManager> plugins;
+        std::unique_ptr<MainWindow> window;
+        ChangeJournal::BaseInfoPtr info;
+        QTreeView* view = nullptr;
+        WindowUnderTest() = default;
+        WindowUnderTest(const WindowUnderTest&) = delete;
+        WindowUnderTest& operator=(const WindowUnderTest&) = delete;
+        ~WindowUnderTest()
+        {
+            window.reset();
+            if (plugins) {
+                plugins->unloadAll();
+            }
+        }
+    };
+
+    // The view stays null when the window could not be opened.
+    void openWindow(WindowUnderTest& host)
+    {
+        QVERIFY(host.settings.isValid());
+        // The window keeps its layout in the settings: not in the user's.
+        isolateSettings(host.settings.path());
+        const QString failure = startTestHost(m_cameras->pool, host.plugins, host.window);
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
+        QApplication::setActiveWindow(host.window.get());
+        QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+        host.window->changeJournal()->setMergeWindow(0);
+        host.info = m_cameras->pool->openSimulated();
+        host.window->addDevice(host.info);
+        QDockWidget* all = host.window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
+        QTRY_VERIFY(visibleTree(all) && visibleTree(all)->model()->rowCount() > 0);
+        host.view = visibleTree(all);
+    }
 
 private Q_SLOTS:
     void init()
@@ -189,22 +283,12 @@ private Q_SLOTS:
         collection->getParameter(kGain)->setValue(4.0);
         QTRY_COMPARE(journal.undoStack(info)->count(), 1);
         cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
-        QSignalSpy refused(&journal, &ChangeJournal::refused);
         QSignalSpy applied(&journal, &ChangeJournal::applied);
 
-        journal.undo();
-
-        QTRY_COMPARE(refused.count(), 1);
-        QVERIFY2(refused.first().first().toString().contains(QStringLiteral("Gain")),
-                 qPrintable(refused.first().first().toString()));
-        QCOMPARE(applied.count(), 0);
-        // The stack does not claim what the camera refused
-        QCOMPARE(journal.undoStack(info)->index(), 1);
-        QVERIFY(journal.undoAction()->isEnabled());
-        const ChangeJournal::Entry entry = journal.entries(info).last();
-        QCOMPARE(entry.origin, Origin::Undo);
-        QVERIFY(!entry.done);
-        QVERIFY(!entry.reason.isEmpty());
+        undoRefused(journal, info, {QStringLiteral("Gain")});
+        if (QTest::currentTestFailed()) {
+            return;
+        }
         cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::None);
         QCOMPARE(cameras.readBack(info, kGain).toDouble(), 4.0);
 
@@ -340,24 +424,14 @@ private Q_SLOTS:
 
     void undoThroughTheTreeWithTheKeyboard()
     {
-        // The window keeps its layout in the settings: not in the user's.
-        QTemporaryDir settings;
-        QVERIFY(settings.isValid());
-        isolateSettings(settings.path());
+        WindowUnderTest host;
+        openWindow(host);
+        QVERIFY(host.view);
         const JournalCameras& cameras = *m_cameras;
-        std::unique_ptr<PluginManager> plugins;
-        std::unique_ptr<MainWindow> window;
-        const QString failure = startTestHost(cameras.pool, plugins, window);
-        QVERIFY2(failure.isEmpty(), qPrintable(failure));
-        QApplication::setActiveWindow(window.get());
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        MainWindow* window = host.window.get();
         ChangeJournal* journal = window->changeJournal();
-        journal->setMergeWindow(0);
-        const auto info = cameras.pool->openSimulated();
-        window->addDevice(info);
-        QDockWidget* all = window->panelDock(Core::CId(MainWindow::DEFAULT_PANEL_ID));
-        QTRY_VERIFY(visibleTree(all) && visibleTree(all)->model()->rowCount() > 0);
-        QTreeView* view = visibleTree(all);
+        const auto& info = host.info;
+        QTreeView* view = host.view;
         const QModelIndex width = findFeature(view->model(), QModelIndex(), kWidth);
         QVERIFY(width.isValid());
         view->scrollTo(width);
@@ -416,9 +490,107 @@ private Q_SLOTS:
         window->devicesPane()->setActiveDevice(info);
         QCOMPARE(changes->model()->rowCount(), 3);
         QVERIFY(journal->undoAction()->isEnabled());
+    }
+    void loadedFeatureSetIsOneStepThatUndoesEveryValue()
+    {
+        WindowUnderTest host;
+        openWindow(host);
+        QVERIFY(host.view);
+        const auto& info = host.info;
+        DeviceParameterCollection* collection = m_cameras->collection(info);
+        ChangeJournal* journal = host.window->changeJournal();
+        const JournalCameras& cameras = *m_cameras;
+        const QString file = host.settings.filePath(QStringLiteral("lab.txt"));
 
-        window.reset();
-        plugins->unloadAll();
+        // Given selectors the user left away from where the file puts them
+        collection->getParameter(kGainSelector)->setValue(QStringLiteral("DigitalAll"));
+        collection->getParameter(kTriggerSelector)->setValue(QStringLiteral("AcquisitionStart"));
+        QTRY_COMPARE(journal->undoStack(info)->count(), 2);
+        const FeatureSet before = FeatureSetJob::saveAndWait(collection);
+        QVERIFY(before.lines.size() > 100);
+
+        // When a feature set is loaded through the Camera menu's code path
+        {
+            QFile out(file);
+            QVERIFY(out.open(QIODevice::WriteOnly));
+            out.write(kLoadedSet);
+        }
+        QSignalSpy loaded(host.window->featureSetActions(),
+                          &VantoViewer::FeatureSetActions::featureSetLoaded);
+        host.window->featureSetActions()->loadFrom(file);
+        QVERIFY(loaded.wait(10000));
+        const auto report = loaded.first().at(1).value<Backend::FeatureSetTransfer::LoadReport>();
+        QVERIFY2(report.failures.isEmpty(), qPrintable(report.failures.value(0).message));
+        if (host.window->featureSetActions()->reportDialog()) {
+            host.window->featureSetActions()->reportDialog()->close();
+        }
+        const FeatureSet after = FeatureSetJob::saveAndWait(collection);
+        QVERIFY(!FeatureSet::compare(before, after).isEmpty());
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
+
+        // Then it is one entry and one step
+        QCOMPARE(journal->undoStack(info)->count(), 3);
+        QCOMPARE(journal->undoAction()->text(), QStringLiteral("&Undo Load lab.txt"));
+        const ChangeJournal::Entry entry = journal->entries(info).last();
+        QCOMPARE(entry.origin, Origin::Batch);
+        QCOMPARE(entry.feature, QStringLiteral("Load lab.txt"));
+        // Width, Height, ReverseX, GainSelector, Gain under three values, TriggerMode
+        QCOMPARE(entry.groupSize, 8);
+
+        // When the user presses Ctrl+Z in the tree
+        QApplication::setActiveWindow(host.window.get());
+        QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+        host.view->setFocus();
+        QTRY_VERIFY(host.view->hasFocus());
+        QSignalSpy applied(journal, &ChangeJournal::applied);
+        QTest::keyClick(host.view, Qt::Key_Z, Qt::ControlModifier);
+
+        // Then every feature is back as it was, under every selector value, and the selectors
+        // too, as the device reads them
+        QTRY_COMPARE(journal->undoStack(info)->index(), 2);
+        QCOMPARE(applied.count(), 1);
+        expectCameraHolds(collection, before);
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(1920));
+        QCOMPARE(cameras.readBack(info, kGainSelector).toString(), QStringLiteral("DigitalAll"));
+        QCOMPARE(journal->entries(info).last().origin, Origin::Undo);
+        QVERIFY(journal->entries(info).last().done);
+
+        // And Ctrl+Shift+Z applies the load again
+        QTest::keyClick(host.view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QTRY_COMPARE(journal->undoStack(info)->index(), 3);
+        QCOMPARE(applied.count(), 2);
+        expectCameraHolds(collection, after);
+        QCOMPARE(cameras.readBack(info, kWidth).toLongLong(), qint64(800));
+        QCOMPARE(journal->entries(info).last().origin, Origin::Redo);
+    }
+
+    void refusedUndoOfALoadIsReportedAndLeavesTheStep()
+    {
+        const JournalCameras& cameras = *m_cameras;
+        ChangeJournal& journal = *m_journal;
+        const auto& info = m_info;
+        DeviceParameterCollection* collection = cameras.collection(info);
+        const FeatureSet before = FeatureSetJob::saveAndWait(collection);
+        const auto report = FeatureSetJob::loadAndWait(
+            collection, FeatureSet::parse(kLoadedSet, QStringLiteral("lab.txt")));
+        QVERIFY(report.failures.isEmpty());
+        journal.recordLoad(info, QStringLiteral("lab.txt"), report);
+        QCOMPARE(journal.undoStack(info)->count(), 1);
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::RefuseWrites);
+        QSignalSpy applied(&journal, &ChangeJournal::applied);
+
+        // The load's values go back on the device thread: the refusal comes later
+        undoRefused(journal, info, {QStringLiteral("Load lab.txt"), QStringLiteral("Width")});
+        if (QTest::currentTestFailed()) {
+            return;
+        }
+
+        // Once the camera takes writes again, the same step undoes
+        cameras.device(info)->setFault(Backend::SimulatedDevice::Fault::None);
+        journal.undo();
+        QTRY_COMPARE(applied.count(), 1);
+        QCOMPARE(journal.undoStack(info)->index(), 0);
+        expectCameraHolds(collection, before);
     }
 };
 

@@ -135,6 +135,29 @@ private Q_SLOTS:
         journal.removeCamera(first);
         QCOMPARE(model.rowCount(), 0);
     }
+
+    void showsTheUndoOfALoadAsUndone()
+    {
+        ChangeJournal& journal = *m_journal;
+        const ChangesModel& model = *m_model;
+        const auto info = m_cameras->open(journal);
+        Backend::FeatureSetTransfer::LoadReport report;
+        report.applied = {{kGain, {}, QStringLiteral("0"), QStringLiteral("3")}};
+        m_cameras->collection(info)->getParameter(kGain)->setValue(3.0);
+        m_cameras->collection(info)->waitForDevice();
+        QTRY_COMPARE(model.rowCount(), 1);
+        journal.recordLoad(info, QStringLiteral("lab.txt"), report);
+        QCOMPARE(model.rowCount(), 2);
+        QCOMPARE(cell(model, 1, ChangesModel::FeatureColumn), QStringLiteral("Load lab.txt"));
+        QCOMPARE(cell(model, 1, ChangesModel::ResultColumn), QStringLiteral("Applied as one step"));
+
+        journal.undo();
+
+        QTRY_COMPARE(model.rowCount(), 3);
+        QCOMPARE(cell(model, 2, ChangesModel::FeatureColumn), QStringLiteral("Load lab.txt"));
+        QCOMPARE(cell(model, 2, ChangesModel::NewValueColumn), QStringLiteral("1 feature(s)"));
+        QCOMPARE(cell(model, 2, ChangesModel::ResultColumn), QStringLiteral("Undone"));
+    }
 };
 
 QTEST_MAIN(TestChangesModel)

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void shouldWriteNothingFromABrokenFile();
     void shouldReportTheLinesNotWrittenWhenCancelled();
     void shouldLoadIntoTheFakeGigECameraWhatWasSavedFromIt();
+    void shouldSaveNoReadOnlySelectedFeatureOfADescriptionWithoutMarks();
 };
 
 namespace {
@@ -327,6 +328,40 @@ void tst_FeatureSetTransfer::shouldLoadIntoTheFakeGigECameraWhatWasSavedFromIt()
     QCOMPARE(differences(saved, FeatureSetJob::saveAndWait(camera)), QStringList());
     qInfo("%d lines from the fake camera, %d written back", int(saved.lines.size()),
           int(report.applied.size()));
+}
+
+void tst_FeatureSetTransfer::shouldSaveNoReadOnlySelectedFeatureOfADescriptionWithoutMarks()
+{
+    // Given the built-in description without its Streamable marks
+    QFile builtIn(QStringLiteral(":/vantoviewer/genicam/VantoSimCamera.xml"));
+    QVERIFY(builtIn.open(QIODevice::ReadOnly));
+    QByteArray xml = builtIn.readAll();
+    xml.replace("<Streamable>Yes</Streamable>", "");
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString file = dir.filePath(QStringLiteral("unmarked.xml"));
+    {
+        QFile out(file);
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        QCOMPARE(out.write(xml), qint64(xml.size()));
+    }
+    Backend::CameraPool pool;
+    const auto info = pool.openSimulated(file);
+    QVERIFY(info);
+
+    // When it is saved
+    const FeatureSet saved = FeatureSetJob::saveAndWait(deviceCollection(pool, info));
+    pool.closeAll();
+
+    // Then a selected feature is saved as one that no selector selects: only where it can be
+    // written back
+    QStringList features;
+    for (const FeatureSet::Line& line : saved.lines) {
+        features << line.feature;
+    }
+    QVERIFY(features.contains(QStringLiteral("Gain")));
+    QVERIFY2(!features.contains(QStringLiteral("DeviceTemperature")),
+             qPrintable(features.join(QLatin1Char(' '))));
 }
 
 QTEST_GUILESS_MAIN(tst_FeatureSetTransfer)
