@@ -1,5 +1,7 @@
 #include "monopngwriter.h"
 
+#include "pixellayout.h"
+
 #include <acquisition/pixelformat.h>
 
 #include <cstring>
@@ -23,34 +25,13 @@ QImage MonoPngWriter::toImage(const Plugin::Acquisition::Frame& frame, QString* 
     const int width = int(frame.width());
     const int height = int(frame.height());
     const quint64 needed = PixelFormat::imageBytes(format, frame.width(), frame.height());
-    int bits = 0;
-    bool packed = false;
-    switch (format) {
-    case PixelFormat::Mono8:
-        bits = 8;
-        break;
-    case PixelFormat::Mono10:
-        bits = 10;
-        break;
-    case PixelFormat::Mono12:
-        bits = 12;
-        break;
-    case PixelFormat::Mono16:
-        bits = 16;
-        break;
-    case PixelFormat::Mono10p:
-        bits = 10;
-        packed = true;
-        break;
-    case PixelFormat::Mono12p:
-        bits = 12;
-        packed = true;
-        break;
-    default:
+    const PixelLayout layout = PixelLayout::of(format);
+    if (layout.kind() != PixelLayout::Mono) {
         *error = QStringLiteral("frames of pixel format %1 can't be saved as PNG yet")
                      .arg(PixelFormat::name(format));
         return QImage();
     }
+    const int bits = layout.bitDepth();
     if (width <= 0 || height <= 0 || needed == 0 || frame.size() < needed) {
         *error = QStringLiteral("the frame holds %1 bytes, a %2 × %3 %4 image needs %5")
                      .arg(frame.size())
@@ -70,26 +51,13 @@ QImage MonoPngWriter::toImage(const Plugin::Acquisition::Frame& frame, QString* 
         return image;
     }
     QImage image(width, height, QImage::Format_Grayscale16);
-    const quint32 mask = (1u << bits) - 1u;
+    // A 16-bit container may carry bits past the format's depth; they are not part of the value.
+    const quint16 mask = quint16(layout.maxValue());
     for (int y = 0; y < height; ++y) {
         auto* line = reinterpret_cast<quint16*>(image.scanLine(y));
+        layout.unpack(data, quint64(y) * quint64(width), quint64(width), line);
         for (int x = 0; x < width; ++x) {
-            const quint64 index = quint64(y) * quint64(width) + quint64(x);
-            quint32 value = 0;
-            if (packed) {
-                // GenICam's "p" formats: the pixels follow each other in a little-endian bit
-                // stream, without padding.
-                const quint64 bit = index * quint64(bits);
-                const quint64 byte = bit / 8;
-                quint32 window = 0;
-                for (int k = 0; k < 3 && byte + quint64(k) < frame.size(); ++k) {
-                    window |= quint32(data[byte + quint64(k)]) << (8 * k);
-                }
-                value = (window >> (bit % 8)) & mask;
-            } else {
-                value = (quint32(data[2 * index]) | (quint32(data[2 * index + 1]) << 8)) & mask;
-            }
-            line[x] = widened(value, bits);
+            line[x] = widened(line[x] & mask, bits);
         }
     }
     return image;

@@ -8,8 +8,9 @@
 namespace VantoViewer {
 
 // Saves a monochrome frame as PNG, the way `--grab --save-image` does: 8-bit grey for Mono8,
-// 16-bit grey for the deeper Mono formats (Mono10, Mono12, Mono16 and the packed Mono10p and
-// Mono12p), their values scaled to the full 16 bits. Other formats are refused with a reason.
+// 16-bit grey for the deeper Mono formats (in 16-bit containers or packed, unpacked as
+// PixelLayout reads them), their values scaled to the full 16 bits. Other formats are refused
+// with a reason.
 class MonoPngWriter {
 public:
     // Null with `error` set when the frame can't be shown as a grey image.
