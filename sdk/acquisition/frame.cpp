@@ -1,5 +1,6 @@
 #include "frame.h"
 
+#include <chrono>
 #include <utility>
 
 namespace Plugin {
@@ -10,6 +11,9 @@ Frame::Frame(quint32 width, quint32 height, quint32 pixelFormat, const uchar* da
              std::shared_ptr<const void> storage)
     : m_width(width), m_height(height), m_pixelFormat(pixelFormat), m_data(data), m_size(size),
       m_frameId(frameId), m_timestampNs(timestampNs), m_status(status),
+      m_receivedNs(std::chrono::duration_cast<std::chrono::nanoseconds>(
+                       std::chrono::steady_clock::now().time_since_epoch())
+                       .count()),
       m_storage(std::move(storage))
 {}
 

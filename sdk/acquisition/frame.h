@@ -43,6 +43,11 @@ public:
     quint64 timestampNs() const { return m_timestampNs; }
     Status status() const { return m_status; }
     bool isComplete() const { return m_status == Complete; }
+    // When the host had the whole frame: std::chrono::steady_clock, in nanoseconds, taken as
+    // the stream made this frame out of its finished buffer. Unlike the device's timestamp it
+    // is on the host's clock, so the time a frame took to reach the screen or a file can be
+    // measured against it.
+    qint64 receivedNs() const { return m_receivedNs; }
 
 private:
     quint32 m_width = 0;
@@ -53,6 +58,7 @@ private:
     quint64 m_frameId = 0;
     quint64 m_timestampNs = 0;
     Status m_status = Complete;
+    qint64 m_receivedNs = 0;
     std::shared_ptr<const void> m_storage;
 };
 

@@ -17,6 +17,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <vector>
 
@@ -128,6 +129,13 @@ Backend::SimulatedImageSettings tst_Acquisition::deviceSettings()
 
 namespace {
 
+qint64 steadyNowNs()
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
 // Takes the newest frame on every notification, as a display would, and keeps the last few.
 struct Collector {
     static constexpr std::size_t KEPT = 5;
@@ -167,12 +175,15 @@ void tst_Acquisition::shouldStreamFramesThatFollowTheFormulas()
     const auto settings = deviceSettings();
     Collector collector(m_acquisition);
     QSignalSpy states(m_acquisition, &IAcquisition::stateChanged);
+    const qint64 started = steadyNowNs();
     m_acquisition->start(IAcquisition::Continuous);
     QTRY_VERIFY(collector.frames.size() >= Collector::KEPT);
     m_acquisition->stop();
     QTRY_COMPARE(m_acquisition->state(), IAcquisition::Idle);
+    const qint64 stopped = steadyNowNs();
     QVERIFY(states.count() >= 3); // Starting, Acquiring, Stopping, Idle
     quint64 previousId = 0;
+    qint64 previousReceived = started;
     for (const FramePtr& frame : collector.frames) {
         QCOMPARE(frame->width(), 320u);
         QCOMPARE(frame->height(), 240u);
@@ -180,6 +191,10 @@ void tst_Acquisition::shouldStreamFramesThatFollowTheFormulas()
         QVERIFY(frame->isComplete());
         QVERIFY(frame->frameId() > previousId);
         previousId = frame->frameId();
+        // Received on the host's clock, in the order sent, while the acquisition ran.
+        QVERIFY(frame->receivedNs() > previousReceived);
+        QVERIFY(frame->receivedNs() < stopped);
+        previousReceived = frame->receivedNs();
         checkPixels(frame, settings);
     }
     QVERIFY(m_acquisition->statistics().completed >= collector.frames.size());
@@ -454,6 +469,8 @@ void tst_Acquisition::shouldStreamFromTheFakeGigECameraAndSurviveItsDeath()
                  feature);
     }
     const FramePtr frame = collector.frames.back();
+    QVERIFY(frame->receivedNs() > collector.frames.front()->receivedNs());
+    QVERIFY(frame->receivedNs() < steadyNowNs());
     QCOMPARE(qint64(frame->width()), value(QStringLiteral("@CameraDevice/Width")).toLongLong());
     QCOMPARE(qint64(frame->height()), value(QStringLiteral("@CameraDevice/Height")).toLongLong());
     QCOMPARE(frame->pixelFormat(), PixelFormat::Mono8);
