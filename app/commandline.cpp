@@ -1,5 +1,7 @@
 #include "commandline.h"
 
+#include "imagewriter.h"
+
 namespace VantoViewer {
 
 const QString CommandLine::kCameraArgument = QStringLiteral("camera");
@@ -43,8 +45,9 @@ CommandLine::CommandLine()
                             "exit."),
              QStringLiteral("N")),
       m_saveImage(QStringLiteral("save-image"),
-                  QStringLiteral("With --grab: save the last frame as FILE.png."),
-                  QStringLiteral("FILE.png")),
+                  QStringLiteral("With --grab: save the last frame as FILE, a PNG, TIFF or raw "
+                                 "image by its suffix (.png, .tif, .tiff, .raw)."),
+                  QStringLiteral("FILE")),
       m_saveFeatures(QStringLiteral("save-features"),
                      QStringLiteral("Save the camera's streamable features to FILE, then exit."),
                      QStringLiteral("FILE")),
@@ -140,6 +143,11 @@ bool CommandLine::parse(const QStringList& arguments)
     }
     if (m_parser.isSet(m_saveImage) && m_parser.value(m_saveImage).isEmpty()) {
         return fail(QStringLiteral("--save-image needs a file name"));
+    }
+    if (m_parser.isSet(m_saveImage) &&
+        !ImageWriter::formatOf(m_parser.value(m_saveImage), nullptr)) {
+        return fail(QStringLiteral("--save-image writes .png, .tif, .tiff or .raw files, not %1")
+                        .arg(m_parser.value(m_saveImage)));
     }
     if (m_parser.isSet(m_grab)) {
         bool ok = false;

@@ -1,6 +1,6 @@
 #include "grabcommand.h"
 
-#include "monopngwriter.h"
+#include "imagewriter.h"
 
 #include <acquisition/iacquisition.h>
 
@@ -95,7 +95,10 @@ int GrabCommand::run(IAcquisition& acquisition, int count, const QString& saveIm
         if (!last) {
             error = QStringLiteral("no frame was kept");
         }
-        if (!last || !MonoPngWriter::save(*last, saveImage, &error)) {
+        // The command line checked the suffix before the camera was touched.
+        ImageWriter::Format format = ImageWriter::Png;
+        ImageWriter::formatOf(saveImage, &format);
+        if (!last || !ImageWriter::write(*last, saveImage, format, &error)) {
             m_err << "vantoviewer: cannot save " << saveImage << ": " << error << "\n";
             m_err.flush();
             return EXIT_FAILED;

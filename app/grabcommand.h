@@ -12,8 +12,10 @@ class IAcquisition;
 namespace VantoViewer {
 
 // `vantoviewer --grab N [--save-image FILE]`: acquires N frames from an open camera and prints
-// "grabbed N frames in T ms (F fps), incomplete X, underruns Y". Fails, saying why, when the
-// acquisition can't start, stops early, or the frames stop coming before N arrived.
+// "grabbed N frames in T ms (F fps), incomplete X, underruns Y", then saves the last frame as
+// the window's Save Image does (ImageWriter, the format by the file's suffix). Fails, saying
+// why, when the acquisition can't start, stops early, or the frames stop coming before N
+// arrived.
 class GrabCommand {
 public:
     static constexpr int EXIT_OK = 0;

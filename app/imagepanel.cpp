@@ -358,16 +358,17 @@ void ImagePanel::askAndSave()
     if (path.isEmpty()) {
         return;
     }
+    // A suffix the user typed says what the file is; without one, the chosen filter does.
     ImageWriter::Format format = ImageWriter::Png;
-    QString suffix = QStringLiteral("png");
-    if (chosen == tiff) {
-        format = ImageWriter::Tiff;
-        suffix = QStringLiteral("tif");
-    } else if (chosen == raw) {
-        format = ImageWriter::Raw;
-        suffix = QStringLiteral("raw");
-    }
-    if (QFileInfo(path).suffix().isEmpty()) {
+    if (!ImageWriter::formatOf(path, &format)) {
+        QString suffix = QStringLiteral("png");
+        if (chosen == tiff) {
+            format = ImageWriter::Tiff;
+            suffix = QStringLiteral("tif");
+        } else if (chosen == raw) {
+            format = ImageWriter::Raw;
+            suffix = QStringLiteral("raw");
+        }
         path += QLatin1Char('.') + suffix;
     }
     QString error;

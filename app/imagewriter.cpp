@@ -7,6 +7,7 @@
 #include <acquisition/pixelformat.h>
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImageWriter>
 #include <QSaveFile>
 
@@ -62,6 +63,23 @@ bool ImageWriter::write(const Frame& frame, const QString& path, Format format, 
         return false;
     }
     return format == Png ? writePng(image, path, error) : writeTiff(image, path, error);
+}
+
+bool ImageWriter::formatOf(const QString& path, Format* format)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    Format found = Png;
+    if (suffix == QLatin1String("tif") || suffix == QLatin1String("tiff")) {
+        found = Tiff;
+    } else if (suffix == QLatin1String("raw")) {
+        found = Raw;
+    } else if (suffix != QLatin1String("png")) {
+        return false;
+    }
+    if (format) {
+        *format = found;
+    }
+    return true;
 }
 
 QString ImageWriter::sideFilePath(const QString& rawPath)

@@ -24,6 +24,9 @@ public:
 
     static bool write(const Plugin::Acquisition::Frame& frame, const QString& path, Format format,
                       QString* error);
+    // The format a file name asks for by its suffix: .png, .tif or .tiff, .raw (any case).
+    // False for any other suffix or none.
+    static bool formatOf(const QString& path, Format* format);
     // Where Raw puts the description of the bytes.
     static QString sideFilePath(const QString& rawPath);
     // What Png and Tiff store: Grayscale8, Grayscale16 (raw values) or RGB888.

@@ -170,6 +170,10 @@ private Q_SLOTS:
         QTest::newRow("save without grab")
             << QStringList{QStringLiteral("--save-image"), QStringLiteral("a.png")}
             << QStringLiteral("needs --grab");
+        QTest::newRow("save an image of an unknown kind")
+            << QStringList{QStringLiteral("--grab"), QStringLiteral("2"),
+                           QStringLiteral("--save-image"), QStringLiteral("a.jpg")}
+            << QStringLiteral(".png, .tif, .tiff or .raw files, not a.jpg");
         QTest::newRow("grab and screenshot")
             << QStringList{QStringLiteral("--grab"), QStringLiteral("2"),
                            QStringLiteral("--screenshot"), QStringLiteral("a.png")}
@@ -235,10 +239,10 @@ private Q_SLOTS:
 
         const QString usage = commandLine.helpText();
 
-        for (const char* option : {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir",
-                                   "--screenshot", "--lang", "--panel", "--live", "--window-size",
-                                   "--grab", "--save-image", "--save-features",
-                                   "--load-features", "--diff-features", "FILE.xml"}) {
+        for (const char* option :
+             {"--simulate", "--camera", "--dump", "--discover", "--plugin-dir", "--screenshot",
+              "--lang", "--panel", "--live", "--window-size", "--grab", "--save-image",
+              "--save-features", "--load-features", "--diff-features", "FILE.xml"}) {
             QVERIFY2(usage.contains(QLatin1String(option)), option);
         }
     }

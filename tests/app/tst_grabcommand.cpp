@@ -13,6 +13,8 @@
 
 #include <QDirIterator>
 #include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -108,6 +110,9 @@ void tst_GrabCommand::shouldGrabFromTheBuiltInCameraAndSaveTheLastFrame()
     set("Width", 256);
     set("Height", 128);
     set("PixelFormat", QStringLiteral("Mono12"));
+    // A still pattern: every frame holds the same values, so the one saved can be checked
+    // against the last one the acquisition kept.
+    set("TestPattern", QStringLiteral("GreyHorizontalRamp"));
     QTemporaryDir dir;
     const QString png = dir.filePath(QStringLiteral("last.png"));
     QCOMPARE(grab(10, png), GrabCommand::EXIT_OK);
@@ -120,6 +125,20 @@ void tst_GrabCommand::shouldGrabFromTheBuiltInCameraAndSaveTheLastFrame()
     const QImage saved(png);
     QCOMPARE(saved.size(), QSize(256, 128));
     QCOMPARE(saved.format(), QImage::Format_Grayscale16); // deeper than 8 bits
+    // The camera's own 12-bit values, as the window's Save Image writes them.
+    const auto frame = m_service->getAcquisition(m_info)->latestFrame();
+    QVERIFY(frame);
+    QCOMPARE(frame->pixelFormat(), Plugin::Acquisition::PixelFormat::Mono12);
+    const auto* values = reinterpret_cast<const quint16*>(frame->data());
+    quint16 brightest = 0;
+    for (int y = 0; y < saved.height(); ++y) {
+        const auto* line = reinterpret_cast<const quint16*>(saved.constScanLine(y));
+        for (int x = 0; x < saved.width(); ++x) {
+            QCOMPARE(line[x], values[y * saved.width() + x]);
+            brightest = qMax(brightest, line[x]);
+        }
+    }
+    QVERIFY(brightest > 255 && brightest <= 4095); // a ramp in 12 bits, unscaled
     qInfo("%s", qPrintable(m_out.trimmed()));
 }
 
@@ -205,6 +224,33 @@ void tst_GrabCommand::shouldGrabSaveAndDumpFromTheCommandLine()
     QVERIFY2(match.hasMatch(), qPrintable(out.right(2000)));
     QVERIFY(match.captured(1).toInt() >= 5);
     QCOMPARE(QImage(png).format(), QImage::Format_Grayscale8);
+
+    // The suffix chooses the form; raw bytes come with their description.
+    const QString raw = dir.filePath(QStringLiteral("cli.raw"));
+    QProcess rawGrab;
+    rawGrab.start(
+        QStringLiteral(VANTOVIEWER_BINARY),
+        {QStringLiteral("--grab"), QStringLiteral("2"), QStringLiteral("--save-image"), raw});
+    QVERIFY(rawGrab.waitForFinished(60000));
+    QCOMPARE(rawGrab.exitCode(), 0);
+    QFile side(raw + QStringLiteral(".json"));
+    QVERIFY(side.open(QIODevice::ReadOnly));
+    const QJsonObject description = QJsonDocument::fromJson(side.readAll()).object();
+    QCOMPARE(description.value(QStringLiteral("pixelFormat")).toString(), QStringLiteral("Mono8"));
+    QCOMPARE(QFileInfo(raw).size(), qint64(description.value(QStringLiteral("width")).toInt() *
+                                           description.value(QStringLiteral("height")).toInt()));
+
+    // Any other suffix is refused before the camera is touched.
+    QProcess refused;
+    refused.start(QStringLiteral(VANTOVIEWER_BINARY),
+                  {QStringLiteral("--grab"), QStringLiteral("2"), QStringLiteral("--save-image"),
+                   dir.filePath(QStringLiteral("cli.jpg"))});
+    QVERIFY(refused.waitForFinished(60000));
+    QVERIFY(refused.exitCode() != 0);
+    QVERIFY2(QString::fromUtf8(refused.readAllStandardError())
+                 .contains(QLatin1String("--save-image writes .png, .tif, .tiff or .raw files")),
+             "the reason is given");
+    QVERIFY(refused.readAllStandardOutput().isEmpty()); // nothing was grabbed
 }
 
 void tst_GrabCommand::shouldGrabFromTheFakeGigECameraOnTheCommandLine()

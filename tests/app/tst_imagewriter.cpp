@@ -217,6 +217,30 @@ private Q_SLOTS:
         }
     }
 
+    void shouldTellTheFormatByTheSuffix_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("known");
+        QTest::addColumn<int>("format");
+        QTest::newRow("png") << QStringLiteral("/tmp/a.png") << true << int(ImageWriter::Png);
+        QTest::newRow("PNG") << QStringLiteral("a.PNG") << true << int(ImageWriter::Png);
+        QTest::newRow("tif") << QStringLiteral("a.tif") << true << int(ImageWriter::Tiff);
+        QTest::newRow("tiff") << QStringLiteral("b.c.TIFF") << true << int(ImageWriter::Tiff);
+        QTest::newRow("raw") << QStringLiteral("frame-7.raw") << true << int(ImageWriter::Raw);
+        QTest::newRow("jpg") << QStringLiteral("a.jpg") << false << -1;
+        QTest::newRow("none") << QStringLiteral("snapshot") << false << -1;
+        QTest::newRow("folder with a dot") << QStringLiteral("x.png/frame") << false << -1;
+    }
+    void shouldTellTheFormatByTheSuffix()
+    {
+        QFETCH(QString, path);
+        QFETCH(bool, known);
+        QFETCH(int, format);
+        auto found = ImageWriter::Format(-1);
+        QCOMPARE(ImageWriter::formatOf(path, &found), known);
+        QCOMPARE(int(found), format); // left alone when the suffix is unknown
+    }
+
     void shouldRefuseAnImageOfAFormatItCannotRead()
     {
         const FramePtr frame = makeFrame(0x0220001D, 2, 2, QByteArray(16, '\0'));
