@@ -6,6 +6,7 @@
 #include "usersetlogic.h"
 #include "deviceparametercollection.h"
 #include "deviceworker.h"
+#include "errormapping.h"
 #include "framesink.h"
 #include "simulateddevice.h"
 #include "streamchannel.h"
@@ -240,13 +241,11 @@ QSharedPointer<CameraInfo> CameraPool::openSimulatedAs(const QString& xmlFile, c
 QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
 {
     auto collection = newCollection(idOrAddress);
-    QString protocol = QStringLiteral("GigEVision");
     // What the transport layer module needs, found on the device thread. Shared: an abandoned
     // open still runs the job after this function is gone.
     auto source = std::make_shared<TransportLayerSource>();
     const QByteArray key = idOrAddress.toUtf8();
-    collection->attachDevice(QStringLiteral("CameraDevice"), [key, &protocol,
-                                                              source](QString* error) {
+    collection->attachDevice(QStringLiteral("CameraDevice"), [key, source](QString* error) {
         GError* gerror = nullptr;
         ArvDevice* device = nullptr;
         GInetAddress* address = g_inet_address_new_from_string(key.constData());
@@ -260,12 +259,9 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
             g_object_unref(address);
         } else {
             device = arv_open_device(key.constData(), &gerror);
-            if (device != nullptr && ARV_IS_UV_DEVICE(device)) {
-                protocol = QStringLiteral("USB3Vision");
-            }
         }
         if (device == nullptr) {
-            *error = gerror != nullptr ? QString::fromUtf8(gerror->message)
+            *error = gerror != nullptr ? messageOf(gerror)
                                        : QStringLiteral("no device %1").arg(QString(key));
             g_clear_error(&gerror);
         }
@@ -278,6 +274,10 @@ QSharedPointer<CameraInfo> CameraPool::openDevice(const QString& idOrAddress)
     source->id = idOrAddress;
     attachModules(*collection, *source);
     checkNotLost(*collection, idOrAddress);
+    // Read only once the open has finished: the job wrote it on the device thread.
+    const QString protocol = source->kind == TransportLayerSource::Kind::USB3Vision
+                                 ? QStringLiteral("USB3Vision")
+                                 : QStringLiteral("GigEVision");
     auto info =
         QSharedPointer<CameraInfo>::create(idOrAddress, textValue(*collection, "DeviceVendorName"),
                                            textValue(*collection, "DeviceModelName"),
