@@ -2,6 +2,7 @@
 
 #include "aravisstream.h"
 
+#include "errormapping.h"
 #include "framesink.h"
 #include "streamcounters.h"
 
@@ -34,7 +35,7 @@ bool AravisStream::open(const Options& options, QString* error)
     GError* gerror = nullptr;
     m_stream = arv_device_create_stream(m_device, nullptr, nullptr, &gerror);
     if (m_stream == nullptr) {
-        *error = gerror != nullptr ? QString::fromUtf8(gerror->message)
+        *error = gerror != nullptr ? messageOf(gerror)
                                    : QStringLiteral("the device has no stream channel");
         g_clear_error(&gerror);
         return false;

@@ -347,7 +347,7 @@ bool DeviceWorker::writeNode(NodeMap& map, int i, const QVariant& value, QString
         return false;
     }
     if (error != nullptr) {
-        *message = QString::fromUtf8(error->message);
+        *message = messageOf(error);
         *kind = exceptionKindOf(error->domain, error->code);
         if (isDeviceLossError(error->domain, error->code)) {
             *deviceFailed = true;

@@ -52,6 +52,26 @@ Exception::Kind exceptionKindOf(GQuark domain, int code)
     return Exception::Generic;
 }
 
+QString messageOf(const GError* error)
+{
+    if (error == nullptr) {
+        return QString();
+    }
+    QString text = QString::fromUtf8(error->message);
+    if (!text.startsWith(QLatin1Char('['))) {
+        return text;
+    }
+    const int close = text.indexOf(QLatin1String("] "));
+    if (close < 0) {
+        return text;
+    }
+    const QString tag = text.left(close + 2);
+    while (text.midRef(tag.size()).startsWith(tag)) {
+        text.remove(0, tag.size());
+    }
+    return text;
+}
+
 bool isDeviceLossError(GQuark domain, int code)
 {
     return domain == ARV_DEVICE_ERROR &&

@@ -9,6 +9,10 @@ namespace Backend {
 // The kind of ParameterCollection::Exception that an Aravis error stands for.
 ParameterCollection::Exception::Kind exceptionKindOf(GQuark domain, int code);
 
+// An Aravis error's text. Aravis prefixes the node's name as "[Name] " at more than one level,
+// so that a message may name it twice in a row; it is named once here.
+QString messageOf(const GError* error);
+
 // True for errors after which the device cannot be trusted to answer again.
 bool isDeviceLossError(GQuark domain, int code);
 

@@ -426,7 +426,7 @@ bool NodeReader::failed(ParameterData& data, const QString& context)
     if (m_error == nullptr) {
         return false;
     }
-    const QString message = QString::fromUtf8(m_error->message);
+    const QString message = messageOf(m_error);
     if (isDeviceLossError(m_error->domain, m_error->code)) {
         m_deviceFailed = true;
         m_deviceFailure = message;

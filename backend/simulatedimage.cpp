@@ -2,6 +2,8 @@
 
 #include "simulatedimage.h"
 
+#include "errormapping.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -417,8 +419,12 @@ enum class Read { Absent, Ok, Failed };
 
 QString failure(const char* feature, GError* error)
 {
-    const QString text =
-        QStringLiteral("[%1] %2").arg(QLatin1String(feature), QString::fromUtf8(error->message));
+    // Most of Aravis's messages name the node already, as "[Name] ..."; once is enough.
+    const QString tag = QStringLiteral("[%1]").arg(QLatin1String(feature));
+    QString text = messageOf(error);
+    if (!text.startsWith(tag)) {
+        text = tag + QLatin1Char(' ') + text;
+    }
     g_clear_error(&error);
     return text;
 }

@@ -332,10 +332,9 @@ bool StreamChannel::execute(DeviceWorker& worker, const char* command, QString* 
     GError* gerror = nullptr;
     arv_gc_command_execute(ARV_GC_COMMAND(node), &gerror);
     if (gerror != nullptr) {
-        *error = QStringLiteral("%1 failed: %2")
-                     .arg(QLatin1String(command), QString::fromUtf8(gerror->message));
+        *error = QStringLiteral("%1 failed: %2").arg(QLatin1String(command), messageOf(gerror));
         if (isDeviceLossError(gerror->domain, gerror->code)) {
-            worker.markLost(QString::fromUtf8(gerror->message));
+            worker.markLost(messageOf(gerror));
         }
         g_clear_error(&gerror);
         return false;
@@ -382,8 +381,7 @@ bool StreamChannel::start(DeviceWorker& worker, IAcquisition::Mode mode, QString
             g_clear_error(&gerror);
         }
         if (gerror != nullptr) {
-            *error = QStringLiteral("AcquisitionMode can't be set: %1")
-                         .arg(QString::fromUtf8(gerror->message));
+            *error = QStringLiteral("AcquisitionMode can't be set: %1").arg(messageOf(gerror));
             g_clear_error(&gerror);
             republish(worker, camera, QStringLiteral("AcquisitionMode"));
             return false;

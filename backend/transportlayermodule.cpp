@@ -2,6 +2,8 @@
 
 #include "transportlayermodule.h"
 
+#include "errormapping.h"
+
 #include "simulateddevice.h"
 
 namespace Backend {
@@ -109,7 +111,7 @@ TransportLayerModule::Answer TransportLayerModule::failure(const QString& error,
 TransportLayerModule::Answer TransportLayerModule::failure(GError** error, const char* otherwise)
 {
     const Answer a = *error != nullptr
-                         ? failure(QString::fromUtf8((*error)->message), deviceCodeOf(*error))
+                         ? failure(messageOf(*error), deviceCodeOf(*error))
                          : failure(QLatin1String(otherwise), ARV_DEVICE_ERROR_PROTOCOL_ERROR);
     g_clear_error(error);
     return a;

@@ -38,7 +38,7 @@ public:
         }
         if (error != nullptr) {
             *kind = exceptionKindOf(error->domain, error->code);
-            *message = QString::fromUtf8(error->message);
+            *message = messageOf(error);
             g_clear_error(&error);
             return false;
         }

@@ -303,6 +303,7 @@ private Q_SLOTS:
     void shouldReadTheBuiltinCamerasFeatures();
     void shouldNameAPixelFormatItCannotMake();
     void shouldNameTheMissingSizeFeature();
+    void shouldNameTheFeatureOnceWhenAravisFails();
     void shouldReadVendorDescriptions_data();
     void shouldReadVendorDescriptions();
 };
@@ -574,6 +575,25 @@ void tst_SimulatedImage::shouldNameAPixelFormatItCannotMake()
     QVERIFY(!SimulatedImage::settingsOf(device.genicam(), &s, &error));
     QCOMPARE(error, QStringLiteral(
                         "[PixelFormat] Mono14 is not a pixel format that simulated cameras make"));
+}
+
+void tst_SimulatedImage::shouldNameTheFeatureOnceWhenAravisFails()
+{
+    // The enumeration's value matches none of its entries: Aravis refuses to name it.
+    SimulatedDevice device(
+        describedAs("<Category Name=\"Root\"><pFeature>Width</pFeature></Category>\n"
+                    "<Integer Name=\"Width\"><Value>64</Value></Integer>\n"
+                    "<Integer Name=\"Height\"><Value>8</Value></Integer>\n"
+                    "<Enumeration Name=\"PixelFormat\">"
+                    "<EnumEntry Name=\"Mono8\"><Value>17301505</Value></EnumEntry>"
+                    "<Value>5</Value></Enumeration>\n"),
+        QStringLiteral("strayentry"));
+    SimulatedImageSettings s;
+    QString error;
+    QVERIFY(!SimulatedImage::settingsOf(device.genicam(), &s, &error));
+    QVERIFY2(error.startsWith(QStringLiteral("[PixelFormat] ")), qPrintable(error));
+    QVERIFY2(error.count(QStringLiteral("[PixelFormat]")) == 1, qPrintable(error));
+    QVERIFY2(error.size() > QStringLiteral("[PixelFormat] ").size(), qPrintable(error));
 }
 
 void tst_SimulatedImage::shouldNameTheMissingSizeFeature()
