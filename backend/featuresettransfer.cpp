@@ -43,6 +43,13 @@ FeatureSetTransfer::Reason reasonOf(Exception::Kind kind, const ParameterData* d
     }
 }
 
+// TLParamsLocked belongs to whoever streams: the acquisition sets it while buffers are queued.
+// Carried in a file it would lock the camera's image format with no stream to release it.
+bool ownedByTheStream(const QString& feature)
+{
+    return feature == QLatin1String("TLParamsLocked");
+}
+
 bool holdsValue(int type)
 {
     return type == IntegerType || type == FloatType || type == BooleanType || type == StringType ||
@@ -111,7 +118,7 @@ QVector<int> FeatureSetTransfer::savedNodes()
     QVector<int> nodes;
     for (int i = 0; i < structure.nodes.size(); ++i) {
         const NodeInfo& info = structure.nodes[i];
-        if (!holdsValue(info.type)) {
+        if (!holdsValue(info.type) || ownedByTheStream(info.featureName)) {
             continue;
         }
         if (marked ? info.streamable == NodeInfo::Streamable::Yes
@@ -460,6 +467,11 @@ FeatureSetTransfer::LoadReport FeatureSetTransfer::load(const FeatureSet& set,
             failure.reason = Reason::InvalidValue;
             failure.kind = Exception::InvalidArgument;
             failure.message = QStringLiteral("the feature holds no value to load");
+            item.node = -1;
+        } else if (item.node >= 0 && ownedByTheStream(line.feature)) {
+            failure.reason = Reason::ReadOnly;
+            failure.kind = Exception::Access;
+            failure.message = QStringLiteral("the acquisition sets it while it streams");
             item.node = -1;
         }
         if (item.node < 0) {

@@ -354,6 +354,30 @@ void StreamChannel::republish(DeviceWorker& worker, int map, const QString& feat
     }
 }
 
+// TLParamsLocked is the consumer's to set while it streams: a description makes Width,
+// PixelFormat and whatever else changes the payload depend on it (pIsLocked), so that they
+// are read-only for exactly as long as buffers of the present size are queued. Aravis leaves
+// it to us. A description without it, or one where it can't be written, streams unlocked.
+void StreamChannel::lockParams(DeviceWorker& worker, bool lock)
+{
+    if (lock == m_paramsLocked) {
+        return;
+    }
+    ArvGcNode* node = arv_gc_get_node(m_cameraGc, "TLParamsLocked");
+    if (node == nullptr || !ARV_IS_GC_INTEGER(node)) {
+        return;
+    }
+    GError* gerror = nullptr;
+    arv_gc_integer_set_value(ARV_GC_INTEGER(node), lock ? 1 : 0, &gerror);
+    const bool written = gerror == nullptr;
+    g_clear_error(&gerror);
+    if (written || !lock) {
+        // Released or not, the next start tries again from a clean slate.
+        m_paramsLocked = lock && written;
+    }
+    republish(worker, worker.mapIndex(kCamera), QStringLiteral("TLParamsLocked"));
+}
+
 bool StreamChannel::start(DeviceWorker& worker, IAcquisition::Mode mode, QString* error)
 {
     if (!m_stream) {
@@ -400,12 +424,16 @@ bool StreamChannel::start(DeviceWorker& worker, IAcquisition::Mode mode, QString
     if (!m_stream->open(options, error)) {
         return false;
     }
+    lockParams(worker, true);
     const bool hasStart = arv_gc_get_node(m_cameraGc, "AcquisitionStart") != nullptr;
     if (m_simulated != nullptr && !hasStart) {
         // A description without the command: the simulated device starts with its stream.
         m_simulated->acquisitionStart();
     } else if (!execute(worker, "AcquisitionStart", error)) {
         m_stream->close();
+        if (!worker.isLost()) {
+            lockParams(worker, false);
+        }
         return false;
     }
     if (m_simulated != nullptr) {
@@ -432,6 +460,11 @@ void StreamChannel::stop(DeviceWorker& worker, bool stopDevice)
         }
     }
     m_stream->close();
+    if (!worker.isLost()) {
+        lockParams(worker, false);
+    } else {
+        m_paramsLocked = false;
+    }
     // The stream's final counts, for whoever shows them next (a dump after a grab).
     const int grabberMap = worker.mapIndex(kGrabber);
     if (m_grabber != nullptr && grabberMap >= 0) {

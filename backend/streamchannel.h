@@ -73,6 +73,7 @@ private:
     Stream::Options grabberOptions() const;
     bool execute(DeviceWorker& worker, const char* command, QString* error);
     void republish(DeviceWorker& worker, int map, const QString& feature);
+    void lockParams(DeviceWorker& worker, bool lock);
     static Register registerOf(ArvGc* genicam, const SimulatedDevice& device, const char* name);
 
     std::shared_ptr<FrameSink> m_sink;
@@ -101,6 +102,8 @@ private:
     SimulatedStream::AcquisitionMode m_requestedMode = SimulatedStream::AcquisitionMode::Continuous;
     bool m_frameTrigger = false;
     bool m_softwareSource = true;
+    // This channel set TLParamsLocked and owes the camera its release.
+    bool m_paramsLocked = false;
 };
 
 } // namespace Backend

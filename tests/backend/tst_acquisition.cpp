@@ -41,6 +41,7 @@ private Q_SLOTS:
     void shouldResetStatisticsAndHidePacketCountersOfASimulatedStream();
     void shouldBrightenTheNextFramesWhenGainChangesWhileAcquiring();
     void shouldStartTheDeviceFromTheTreeWhileTheStreamIsOpen();
+    void shouldLockThePayloadFeaturesWhileStreaming();
     void shouldFailWithTheReasonWhenTheCameraIsLost();
     void shouldCloseWhileAcquiringWithoutCrash();
     void shouldStreamFromTheFakeGigECameraAndSurviveItsDeath();
@@ -388,6 +389,41 @@ void tst_Acquisition::shouldStartTheDeviceFromTheTreeWhileTheStreamIsOpen()
     QCOMPARE(m_acquisition->state(), IAcquisition::Acquiring);
     m_acquisition->stop();
     QTRY_COMPARE(m_acquisition->state(), IAcquisition::Idle);
+}
+
+void tst_Acquisition::shouldLockThePayloadFeaturesWhileStreaming()
+{
+    const auto width = collection().getParameter(QStringLiteral("@CameraDevice/Width"));
+    const auto gain = collection().getParameter(QStringLiteral("@CameraDevice/Gain"));
+    QVERIFY(width && gain);
+    QCOMPARE(value(QStringLiteral("@CameraDevice/TLParamsLocked")).toLongLong(), 0);
+    QVERIFY(!width->getParameterData()->locked);
+
+    QSignalSpy ready(m_acquisition, &IAcquisition::frameReady);
+    m_acquisition->start(IAcquisition::Continuous);
+    QTRY_VERIFY(ready.count() >= 1);
+    QCOMPARE(value(QStringLiteral("@CameraDevice/TLParamsLocked")).toLongLong(), 1);
+    // The tree learns of the lock without a poll, and a write is refused with a reason.
+    QVERIFY(width->getParameterData()->locked);
+    QVERIFY(!width->getParameterData()->writable);
+    QString refusal;
+    try {
+        width->setValue(160);
+        collection().waitForDevice();
+    } catch (const Exception& error) {
+        refusal = QString::fromUtf8(error.what());
+    }
+    QVERIFY2(!refusal.isEmpty(), "a locked Width took a write");
+    QCOMPARE(value(QStringLiteral("@CameraDevice/Width")).toLongLong(), 320);
+    // What does not change the payload stays free.
+    QVERIFY(!gain->getParameterData()->locked);
+
+    m_acquisition->stop();
+    QTRY_COMPARE(m_acquisition->state(), IAcquisition::Idle);
+    QCOMPARE(value(QStringLiteral("@CameraDevice/TLParamsLocked")).toLongLong(), 0);
+    QVERIFY(!width->getParameterData()->locked);
+    set(QStringLiteral("@CameraDevice/Width"), 160);
+    QCOMPARE(value(QStringLiteral("@CameraDevice/Width")).toLongLong(), 160);
 }
 
 void tst_Acquisition::shouldFailWithTheReasonWhenTheCameraIsLost()

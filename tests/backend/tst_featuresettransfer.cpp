@@ -30,6 +30,7 @@ private Q_SLOTS:
     void shouldReportTheLinesNotWrittenWhenCancelled();
     void shouldLoadIntoTheFakeGigECameraWhatWasSavedFromIt();
     void shouldSaveNoReadOnlySelectedFeatureOfADescriptionWithoutMarks();
+    void shouldLeaveTheStreamsLockToTheAcquisition();
 };
 
 namespace {
@@ -223,6 +224,33 @@ void tst_FeatureSetTransfer::shouldApplyEveryGoodLineAndReportEachBadOneWithItsR
     QCOMPARE(report.failures.at(2).kind, Exception::Range);
     QCOMPARE(report.failures.at(3).kind, Exception::Access);
     qInfo("%s", qPrintable(rows.join(QLatin1Char('\n'))));
+}
+
+void tst_FeatureSetTransfer::shouldLeaveTheStreamsLockToTheAcquisition()
+{
+    Backend::CameraPool pool;
+    DeviceParameterCollection* camera = deviceCollection(pool, pool.openSimulated());
+    // Saved while the lock is on, as it is while streaming: the file does not carry it.
+    QCOMPARE(set(camera, QStringLiteral("TLParamsLocked"), 1), QString());
+    const FeatureSet saved = FeatureSetJob::saveAndWait(camera);
+    QVERIFY(!saved.lines.isEmpty());
+    for (const auto& line : saved.lines) {
+        QVERIFY2(line.feature != QLatin1String("TLParamsLocked"), "the lock was saved");
+    }
+    QCOMPARE(set(camera, QStringLiteral("TLParamsLocked"), 0), QString());
+
+    // A file that carries it anyway: the lock is reported, not written, and the rest applies.
+    const QByteArray text = "Nodescope feature set\nFormat: 1\n\n"
+                            "TLParamsLocked = 1\n" // 4
+                            "Width = 800\n"
+                            "[End]\n";
+    const auto report =
+        FeatureSetJob::loadAndWait(camera, FeatureSet::parse(text, QStringLiteral("locked")));
+    QCOMPARE(valueOf(camera, QStringLiteral("TLParamsLocked")), QStringLiteral("0"));
+    QCOMPARE(valueOf(camera, QStringLiteral("Width")), QStringLiteral("800"));
+    const QStringList rows = failures(report);
+    QCOMPARE(rows, QStringList{QStringLiteral(
+                       "4 TLParamsLocked: read-only (the acquisition sets it while it streams)")});
 }
 
 void tst_FeatureSetTransfer::shouldWriteNothingFromABrokenFile_data()

@@ -12,8 +12,6 @@ UC = os.path.join(REPO, "resources", "usecases")
 os.makedirs(GEN, exist_ok=True)
 os.makedirs(UC, exist_ok=True)
 
-LICENSE = "SPDX-License-Identifier: GPL-3.0-or-later"
-
 CAMERA_HEADER = """Nodescope built-in simulated camera: Vanto VNT-SIM-2000.
 
 GenICam GenApi schema 1.1 description, feature names follow the GenICam

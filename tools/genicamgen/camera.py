@@ -872,8 +872,9 @@ m.category(C, "Root", "Features related to the transport layer of the device.")
 m.integer(C, "PayloadSize", "Number of bytes transferred for each image on the stream channel (Width x Height x bytes per pixel).",
           access="RO", volatile=True, min=0, max=0x7FFFFFFF, unit="B", vis="Expert", default=1920 * 1200,
           invalidators=["WidthReg", "HeightReg", "PixelFormatReg"])
+# The viewer's to set while it streams, never a setting: a feature set must not carry it.
 m.integer(C, "TLParamsLocked", "Set to 1 by the transport layer while streaming; locks the features that change the payload size.",
-          min=0, max=1, vis="Invisible", default=0)
+          min=0, max=1, vis="Invisible", streamable=False, default=0)
 C = "GigEVision"
 m.category(C, "TransportLayerControl", "GigE Vision specific features.", display="GigE Vision", vis="Expert")
 m.integer(C, "GevVersionMajor", "Major version of the GigE Vision standard the device supports.", access="RO",

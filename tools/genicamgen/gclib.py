@@ -67,6 +67,8 @@ class NodeMap:
         self.fmap = {}
         self.helpers = {}          # category -> list of xml snippets
         self.extra_defaults = []   # (position marker, lines)
+        self.sections = []         # (title, xml text): nodes of no category, before the port
+        self.defaults_note = None  # a comment that ends the .defaults file
         self.names = set()
         self.reg_info = []         # (regname, address, length, type, note)
         self.selector_order = []
@@ -114,6 +116,11 @@ class NodeMap:
         s.append("\t</%s>" % tag)
         self.helper(cat, "\n".join(s), name)
         return name
+
+    def section(self, title, xml_text, names):
+        for name in names:
+            self.claim(name)
+        self.sections.append((title, xml_text))
 
     def constant(self, cat, name, value, doc):
         s = ['\t<Integer Name="%s" NameSpace="Custom">' % name,
@@ -443,6 +450,11 @@ class NodeMap:
         for c in self.helpers:
             if c not in self.cats:
                 raise SystemExit("helper category unknown " + c)
+        for title, text in self.sections:
+            out.append("")
+            out.append("\t<!-- %s %s -->" % (title, "=" * max(8, 70 - len(title))))
+            out.append("")
+            out.append(text)
         out.append("")
         out.append('\t<!-- Port ' + "=" * 66 + ' -->')
         out.append("")
@@ -520,4 +532,7 @@ class NodeMap:
         for sel in by_sel:
             if sel not in done_sel:
                 raise SystemExit("selector %s not declared before its features" % sel)
+        if self.defaults_note:
+            lines.append("")
+            lines.append("# " + self.defaults_note)
         return "\n".join(lines).replace("\n\n\n", "\n\n") + "\n"

@@ -107,47 +107,84 @@ tl_feature("command", C, "VntDeviceReconnect", "Closes the connection to the dev
            volatile=None)
 
 # ============================================================= Stream grabber
+# The camera's stream answers these registers (StreamChannel binds them by name). What a stream
+# can't back is not implemented, through one of three registers, rather than shown with a
+# made-up value: a camera without a stream has no buffers or counts, only a GigE Vision stream
+# counts packets and takes the transport options, and nothing honours the rest.
 sg = new("NodescopeStreamGrabber", "Parameters and statistics of the stream grabber StreamGrabber0",
          "3A4B5C6D-7E8F-4091-A2B3-C4D5E6F70819", "91A2B3C4-D5E6-47F8-9A0B-1C2D3E4F5A6B", 0x200000)
+HAS_BUFFERS = "VntStreamHasBuffersReg"
+COUNTS_PACKETS = "VntStreamCountsPacketsReg"
+NOT_HONOURED = "VntNotHonouredReg"
+
+
+def sg_backing_reg(name, address, doc):
+    return "\n".join([
+        '\t<IntReg Name="%s" NameSpace="Custom">' % name,
+        "\t\t<ToolTip>%s</ToolTip>" % doc,
+        "\t\t<Address>0x%X</Address>" % address,
+        "\t\t<Length>4</Length>",
+        "\t\t<AccessMode>RO</AccessMode>",
+        "\t\t<pPort>Device</pPort>",
+        "\t\t<Cachable>NoCache</Cachable>",
+        "\t\t<Sign>Unsigned</Sign>",
+        "\t\t<Endianess>LittleEndian</Endianess>",
+        "\t</IntReg>"])
+
+
+sg.section("What the camera's stream backs", "\n".join([
+    sg_backing_reg(HAS_BUFFERS, 0x200200,
+                   "1 when the camera has a stream whose buffers and counts the features show."),
+    sg_backing_reg(COUNTS_PACKETS, 0x200210,
+                   "1 when the camera's stream is a GigE Vision stream: packets, resends and missed frames "
+                   "are counted and its transport options apply."),
+    sg_backing_reg(NOT_HONOURED, 0x200220,
+                   "0: the stream does not honour the features that refer to it.")]),
+    [HAS_BUFFERS, COUNTS_PACKETS, NOT_HONOURED])
+sg.defaults_note = "The statistics and the announced buffers are read from the camera's stream."
 sg.category("Root", None, "Root category of the stream grabber node map.", display="Root")
 C = "BufferHandlingControl"
 sg.category(C, "Root", "Buffers used to receive images.", display="Buffer Handling")
 sg.integer(C, "MaxNumBuffer", "Maximum number of buffers that can be used simultaneously for grabbing images. Increase it if buffers underrun at high frame rates.",
-           min=1, max=1024, vis="Beginner", default=10, display="Maximum Number of Buffers")
+           min=1, max=1024, vis="Beginner", default=10, display="Maximum Number of Buffers", impl=HAS_BUFFERS)
 sg.integer(C, "MaxBufferSize", "Maximum size of one buffer. Must be at least the payload size of the camera.",
-           min=1, max=0x7FFFFFFF, unit="B", vis="Expert", default=1920 * 1200 * 3)
+           min=1, max=0x7FFFFFFF, unit="B", vis="Expert", default=1920 * 1200 * 3, impl=NOT_HONOURED)
 sg.enum(C, "StreamBufferHandlingMode", "Order in which filled buffers are delivered to the application.",
         [E("OldestFirst", 0, "Buffers are delivered in the order they were filled."),
          E("OldestFirstOverwrite", 1, "Like OldestFirst, but the oldest filled buffer is reused when no empty buffer is left."),
          E("NewestOnly", 2, "Only the most recent buffer is delivered; older ones are discarded.")],
-        vis="Expert", default="OldestFirst")
+        vis="Expert", default="OldestFirst", impl=NOT_HONOURED)
 sg.integer(C, "StreamAnnouncedBufferCount", "Number of buffers currently announced to the stream.", access="RO",
-           volatile=True, poll=1000, min=0, max=1024, vis="Expert", default=0)
+           volatile=True, poll=1000, min=0, max=1024, vis="Expert", default=None, impl=HAS_BUFFERS)
 C = "VntStreamTransportControl"
 sg.category(C, "Root", "Packet reception and resend parameters.", display="Transport Control", vis="Expert")
-sg.boolean(C, "VntResendRequestEnable", "Enables requests for the resend of lost packets.", vis="Expert", default=True)
+sg.boolean(C, "VntResendRequestEnable", "Enables requests for the resend of lost packets.", vis="Expert", default=True,
+           impl=COUNTS_PACKETS)
 sg.integer(C, "VntPacketTimeout", "Time after which a missing packet is considered lost.", min=1, max=10000, unit="ms",
-           vis="Expert", default=40)
+           vis="Expert", default=40, impl=COUNTS_PACKETS)
 sg.integer(C, "VntFrameRetention", "Time after which an incomplete frame is delivered as failed.", min=1, max=60000, unit="ms",
-           vis="Expert", default=200)
+           vis="Expert", default=200, impl=COUNTS_PACKETS)
 sg.integer(C, "VntMaximumResendRequestsPerFrame", "Maximum number of resend requests sent for one frame.", min=0, max=1000,
-           vis="Guru", default=100)
+           vis="Guru", default=100, impl=NOT_HONOURED)
 sg.integer(C, "VntSocketBufferSize", "Size of the receive socket buffer.", min=64, max=65536, unit="KiB", vis="Guru",
-           default=2048)
+           default=2048, impl=COUNTS_PACKETS)
 C = "Statistics"
 sg.category(C, "Root", "Counters that show whether images or packets are lost. They are updated continuously.")
-STAT = [("Statistic_Total_Buffer_Count", "Number of buffers delivered, including failed ones."),
-        ("Statistic_Failed_Buffer_Count", "Number of buffers that were delivered incomplete or with an error."),
-        ("Statistic_Buffer_Underrun_Count", "Number of frames lost because no empty buffer was available. Increase MaxNumBuffer if it grows."),
-        ("Statistic_Total_Packet_Count", "Number of stream packets received."),
-        ("Statistic_Failed_Packet_Count", "Number of stream packets that were lost or damaged."),
-        ("Statistic_Resend_Request_Count", "Number of resend requests sent to the device."),
-        ("Statistic_Resend_Packet_Count", "Number of packets the device sent again after a resend request."),
-        ("Statistic_Missed_Frame_Count", "Number of frames that the device captured but the host never received.")]
-for n, d in STAT:
+STAT = [("Statistic_Total_Buffer_Count", "Number of buffers delivered, including failed ones.", HAS_BUFFERS),
+        ("Statistic_Failed_Buffer_Count", "Number of buffers that were delivered incomplete or with an error.", HAS_BUFFERS),
+        ("Statistic_Buffer_Underrun_Count", "Number of frames lost because no empty buffer was available. Increase MaxNumBuffer if it grows.",
+         HAS_BUFFERS),
+        ("Statistic_Total_Packet_Count", "Number of stream packets received.", COUNTS_PACKETS),
+        ("Statistic_Failed_Packet_Count", "Number of stream packets that were lost or damaged.", COUNTS_PACKETS),
+        ("Statistic_Resend_Request_Count", "Number of resend requests sent to the device.", COUNTS_PACKETS),
+        ("Statistic_Resend_Packet_Count", "Number of packets the device sent again after a resend request.", COUNTS_PACKETS),
+        ("Statistic_Missed_Frame_Count", "Number of frames that the device captured but the host never received.",
+         COUNTS_PACKETS)]
+for n, d, backing in STAT:
     sg.integer(C, n, d, access="RO", volatile=True, poll=1000, length=8, min=0, max=0x7FFFFFFFFFFFFFFF,
-               repr="PureNumber", display=n[len("Statistic_"):].replace("_", " "), default=0)
-sg.command(C, "Statistic_Reset", "Resets all statistic counters to 0.", vis="Expert", display="Reset Statistics")
+               repr="PureNumber", display=n[len("Statistic_"):].replace("_", " "), default=None, impl=backing)
+sg.command(C, "Statistic_Reset", "Resets all statistic counters to 0.", vis="Expert", display="Reset Statistics",
+           impl=HAS_BUFFERS)
 
 # ============================================================== Event grabber
 eg = new("NodescopeEventGrabber", "Parameters of the event grabber that receives device events",
