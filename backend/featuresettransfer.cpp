@@ -65,6 +65,10 @@ struct FeatureSetTransfer::Item {
     int rank = 0;
     int order = 0;
     Failure failure;
+    // The value before the load began, where it could be read: what undoing the load puts
+    // back, even where an earlier line changed it on the way.
+    QString before;
+    bool hasBefore = false;
 };
 
 QString FeatureSetTransfer::valueText(int type, const QVariant& value)
@@ -383,6 +387,44 @@ bool FeatureSetTransfer::selectFor(const Item& item, Failure* failure)
     return true;
 }
 
+void FeatureSetTransfer::noteBefore(QVector<Item>& items)
+{
+    // Only a feature that another line's write can change needs its value from before the
+    // load; every other one still holds it when its own line comes. Reading them all would
+    // walk every selector twice. A selector's write changes which instance its features show,
+    // not their values.
+    const NodeMapGraph& graph = m_access.graph();
+    QSet<int> lineNodes;
+    for (const Item& item : items) {
+        lineNodes.insert(item.node);
+    }
+    QSet<int> changedOnTheWay;
+    for (int writer : lineNodes) {
+        for (int node : graph.dependencyClosure(writer)) {
+            if (node != writer && lineNodes.contains(node) &&
+                !graph.selectors(node).contains(writer)) {
+                changedOnTheWay.insert(node);
+            }
+        }
+    }
+    // In load order, so that selectors move no more than the load will move them; the load
+    // puts them back at the end.
+    for (Item& item : items) {
+        if (!changedOnTheWay.contains(item.node)) {
+            continue;
+        }
+        Failure unused;
+        if (!selectFor(item, &unused)) {
+            continue;
+        }
+        const ParameterDataPtr data = m_access.read(item.node);
+        if (data->readable) {
+            item.before = valueText(data->type, data->value);
+            item.hasBefore = true;
+        }
+    }
+}
+
 bool FeatureSetTransfer::apply(Item& item, LoadReport& report)
 {
     Failure& failure = item.failure;
@@ -396,6 +438,9 @@ bool FeatureSetTransfer::apply(Item& item, LoadReport& report)
     const NodeMapStructure& structure = m_access.structure();
     applied.fullName = structure.nodes[item.node].fullName;
     applied.selectors = item.line->selectors;
+    if (item.hasBefore) {
+        applied.before = item.before;
+    }
     if (applied.before != applied.written) {
         report.applied.append(applied);
     }
@@ -492,6 +537,7 @@ FeatureSetTransfer::LoadReport FeatureSetTransfer::load(const FeatureSet& set,
     }
     std::stable_sort(items.begin(), items.end(),
                      [](const Item& a, const Item& b) { return a.rank < b.rank; });
+    noteBefore(items);
 
     QVector<int> pending(items.size());
     std::iota(pending.begin(), pending.end(), 0);

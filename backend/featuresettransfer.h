@@ -47,8 +47,10 @@ public:
         Cancelled
     };
 
-    // A line applied: what the feature held and what was written, in the parameter layer's
-    // text form, so that the whole load can be undone.
+    // A line applied: what the feature held before the load began (read once, before the
+    // first write, so that a value an earlier line changed on the way does not pass for it)
+    // and what was written, in the parameter layer's text form, so that the whole load can be
+    // undone.
     struct Applied {
         QString fullName; // "@CameraDevice/Gain"
         FeatureSet::Selectors selectors;
@@ -98,6 +100,7 @@ private:
     bool writeText(int node, const QString& text, Failure* failure, QString* before,
                    QString* written);
     bool selectFor(const Item& item, Failure* failure);
+    void noteBefore(QVector<Item>& items);
     bool apply(Item& item, LoadReport& report);
     int rank(int node, QHash<int, int>& ranks, QSet<int>& visiting) const;
     void restoreSelectors(const FeatureSet& set, LoadReport& report);

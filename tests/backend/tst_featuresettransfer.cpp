@@ -31,6 +31,7 @@ private Q_SLOTS:
     void shouldLoadIntoTheFakeGigECameraWhatWasSavedFromIt();
     void shouldSaveNoReadOnlySelectedFeatureOfADescriptionWithoutMarks();
     void shouldLeaveTheStreamsLockToTheAcquisition();
+    void shouldReportTheValueFromBeforeTheLoadWhereAnEarlierLineChangedIt();
 };
 
 namespace {
@@ -390,6 +391,54 @@ void tst_FeatureSetTransfer::shouldSaveNoReadOnlySelectedFeatureOfADescriptionWi
     QVERIFY(features.contains(QStringLiteral("Gain")));
     QVERIFY2(!features.contains(QStringLiteral("DeviceTemperature")),
              qPrintable(features.join(QLatin1Char(' '))));
+}
+
+void tst_FeatureSetTransfer::shouldReportTheValueFromBeforeTheLoadWhereAnEarlierLineChangedIt()
+{
+    // Given a camera where Low is the low byte of Whole's register: a write to Whole changes Low
+    // (and each says so through pInvalidator, as a description must)
+    const QByteArray xml = describedAs(
+        "<Category Name=\"Root\"><pFeature>Whole</pFeature><pFeature>Low</pFeature></Category>\n"
+        "<Integer Name=\"Whole\"><pValue>WholeReg</pValue><Min>0</Min><Max>65535</Max></Integer>\n"
+        "<IntReg Name=\"WholeReg\"><Address>0x100</Address><Length>2</Length>"
+        "<AccessMode>RW</AccessMode><pPort>Device</pPort><pInvalidator>LowReg</pInvalidator>"
+        "<Sign>Unsigned</Sign><Endianess>LittleEndian</Endianess></IntReg>\n"
+        "<Integer Name=\"Low\"><pValue>LowReg</pValue><Min>0</Min><Max>255</Max></Integer>\n"
+        "<MaskedIntReg Name=\"LowReg\"><Address>0x100</Address><Length>2</Length>"
+        "<AccessMode>RW</AccessMode><pPort>Device</pPort><pInvalidator>WholeReg</pInvalidator>"
+        "<LSB>0</LSB><MSB>7</MSB>"
+        "<Sign>Unsigned</Sign><Endianess>LittleEndian</Endianess></MaskedIntReg>\n");
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("overlap.xml"));
+    {
+        QFile out(file);
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        QCOMPARE(out.write(xml), qint64(xml.size()));
+    }
+    Backend::CameraPool pool;
+    DeviceParameterCollection* camera = deviceCollection(pool, pool.openSimulated(file));
+    QCOMPARE(set(camera, QStringLiteral("Whole"), 0x0101), QString());
+    QCOMPARE(valueOf(camera, QStringLiteral("Low")), QStringLiteral("1"));
+
+    // When a file sets Whole, which moves Low to 5 on the way, and then Low
+    const QByteArray text = "Nodescope feature set\nFormat: 1\n\n"
+                            "Whole = 1285\n" // 0x0505
+                            "Low = 9\n"
+                            "[End]\n";
+    const auto report =
+        FeatureSetJob::loadAndWait(camera, FeatureSet::parse(text, QStringLiteral("overlap")));
+    QVERIFY2(report.failures.isEmpty(), qPrintable(failures(report).join(QLatin1Char('\n'))));
+    QCOMPARE(valueOf(camera, QStringLiteral("Low")), QStringLiteral("9"));
+
+    // Then Low is reported as it was before the load, not as the first line left it
+    QStringList changed;
+    for (const auto& applied : report.applied) {
+        changed << applied.fullName + QLatin1Char(' ') + applied.before + QStringLiteral("->") +
+                       applied.written;
+    }
+    changed.sort();
+    QCOMPARE(changed, (QStringList{QStringLiteral("@CameraDevice/Low 1->9"),
+                                   QStringLiteral("@CameraDevice/Whole 257->1285")}));
 }
 
 QTEST_GUILESS_MAIN(tst_FeatureSetTransfer)
