@@ -17,6 +17,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QEvent>
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -48,26 +50,23 @@ ImagePanel::ImagePanel(QWidget* parent)
     m_cursorLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Cursor"));
     m_countsLabel->setObjectName(QStringLiteral("VantoViewer.ImagePanel.Counts"));
     m_cursorLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // Two lines of two: what the frame is and how fast frames come, then the pixel under the
-    // cursor and what was lost. A longer text never changes the panel's size: the view would
+    // What the frame is, how fast frames come, the pixel under the cursor and what was lost:
+    // see arrangeStatusLines. A longer text never changes the panel's size: the view would
     // move under the cursor.
-    auto* statusLines = new QGridLayout;
-    statusLines->setContentsMargins(6, 2, 6, 2);
-    statusLines->setVerticalSpacing(0);
-    statusLines->setColumnStretch(1, 1);
-    const QList<QLabel*> labels{m_frameLabel, m_ratesLabel, m_cursorLabel, m_countsLabel};
-    for (int i = 0; i < labels.size(); ++i) {
-        labels.at(i)->setMinimumWidth(1);
-        labels.at(i)->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-        statusLines->addWidget(labels.at(i), i / 2, i % 2 ? 2 : 0,
-                               (i % 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    m_statusLines = new QGridLayout;
+    m_statusLines->setContentsMargins(6, 2, 6, 2);
+    m_statusLines->setVerticalSpacing(0);
+    for (QLabel* label : {m_frameLabel, m_ratesLabel, m_cursorLabel, m_countsLabel}) {
+        label->setMinimumWidth(1);
+        label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_toolBar);
     layout->addWidget(m_view, 1);
-    layout->addLayout(statusLines);
+    layout->addLayout(m_statusLines);
+    arrangeStatusLines();
 
     connect(m_view, &ImageView::hoveredPixelChanged, this, &ImagePanel::updateCursorText);
     connect(m_actions, &AcquisitionActions::failed, this, [this](const QString& message) {
@@ -285,30 +284,105 @@ QString ImagePanel::cursorText() const
     return m_cursorLabel->text();
 }
 
+QString ImagePanel::frameText(quint32 pixelFormat, quint32 width, quint32 height)
+{
+    return tr("%1, %2 × %3 pixels")
+        .arg(Plugin::Acquisition::PixelFormat::name(pixelFormat))
+        .arg(width)
+        .arg(height);
+}
+
+QString ImagePanel::ratesText(double receivedFps, double displayedFps, double megabytesPerSecond)
+{
+    return tr("%1 fps received, %2 displayed, %3 MB/s")
+        .arg(receivedFps, 0, 'f', 1)
+        .arg(displayedFps, 0, 'f', 1)
+        .arg(megabytesPerSecond, 0, 'f', 1);
+}
+
+QString ImagePanel::countsText(quint64 incomplete, quint64 dropped)
+{
+    return tr("incomplete %1, dropped for display %2").arg(incomplete).arg(dropped);
+}
+
+QString ImagePanel::pixelText(int x, int y, const QString& value)
+{
+    return tr("x %1, y %2: %3").arg(x).arg(y).arg(value);
+}
+
+void ImagePanel::arrangeStatusLines()
+{
+    // Decided by the panel's width against the longest texts that can come, never by the
+    // texts of the moment: the lines would jump between frames.
+    const QFontMetrics metrics(m_frameLabel->font());
+    const int firstLine =
+        metrics.horizontalAdvance(
+            frameText(Plugin::Acquisition::PixelFormat::fromName(QStringLiteral("BayerRG12Packed")),
+                      99999, 99999)) +
+        metrics.horizontalAdvance(ratesText(9999.9, 999.9, 9999.9));
+    const int secondLine =
+        metrics.horizontalAdvance(pixelText(99999, 99999, QStringLiteral("R 4095 G 4095 B 4095"))) +
+        metrics.horizontalAdvance(countsText(999999, 999999));
+    const int side = qMax(firstLine, secondLine);
+    const QMargins margins = m_statusLines->contentsMargins();
+    const bool twoColumns =
+        side + 3 * metrics.averageCharWidth() + margins.left() + margins.right() <= width();
+    if (m_statusArranged && twoColumns == m_twoColumns) {
+        return;
+    }
+    m_statusArranged = true;
+    m_twoColumns = twoColumns;
+    const QList<QLabel*> labels{m_frameLabel, m_ratesLabel, m_cursorLabel, m_countsLabel};
+    for (QLabel* label : labels) {
+        m_statusLines->removeWidget(label);
+    }
+    if (twoColumns) {
+        // Two lines of two: what the frame is and how fast frames come, then the pixel under
+        // the cursor and what was lost.
+        m_statusLines->setColumnStretch(1, 1);
+        for (int i = 0; i < labels.size(); ++i) {
+            m_statusLines->addWidget(labels.at(i), i / 2, i % 2 ? 2 : 0,
+                                     (i % 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        }
+    } else {
+        m_statusLines->setColumnStretch(1, 0);
+        for (int i = 0; i < labels.size(); ++i) {
+            m_statusLines->addWidget(labels.at(i), i, 0, 1, 3, Qt::AlignLeft | Qt::AlignVCenter);
+        }
+    }
+}
+
+void ImagePanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    arrangeStatusLines();
+}
+
+void ImagePanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LanguageChange) {
+        m_statusArranged = false;
+        arrangeStatusLines();
+    }
+}
+
 void ImagePanel::updateStatus()
 {
     QString rates = m_actionError;
     QString counts;
     if (m_acquisition) {
         if (rates.isEmpty() && m_meter.hasRates()) {
-            rates = tr("%1 fps received, %2 displayed, %3 MB/s")
-                        .arg(m_meter.receivedFps(), 0, 'f', 1)
-                        .arg(m_meter.displayedFps(), 0, 'f', 1)
-                        .arg(m_meter.megabytesPerSecond(), 0, 'f', 1);
+            rates = ratesText(m_meter.receivedFps(), m_meter.displayedFps(),
+                              m_meter.megabytesPerSecond());
         }
-        counts = tr("incomplete %1, dropped for display %2")
-                     .arg(m_meter.incomplete())
-                     .arg(m_meter.droppedForDisplay());
+        counts = countsText(m_meter.incomplete(), m_meter.droppedForDisplay());
     }
     setText(m_ratesLabel, rates);
     setText(m_countsLabel, counts);
-    setText(m_frameLabel,
-            m_shownFrame
-                ? tr("%1, %2 × %3 pixels")
-                      .arg(Plugin::Acquisition::PixelFormat::name(m_shownFrame->pixelFormat()))
-                      .arg(m_shownFrame->width())
-                      .arg(m_shownFrame->height())
-                : QString());
+    setText(m_frameLabel, m_shownFrame ? frameText(m_shownFrame->pixelFormat(),
+                                                   m_shownFrame->width(), m_shownFrame->height())
+                                       : QString());
 }
 
 void ImagePanel::setText(QLabel* label, const QString& text)
@@ -325,7 +399,7 @@ void ImagePanel::updateCursorText(const QPoint& pixel)
     if (m_shownFrame && pixel.x() >= 0 && pixel.y() >= 0) {
         const PixelValue value = PixelReader::read(*m_shownFrame, pixel.x(), pixel.y());
         if (value.valid) {
-            text = tr("x %1, y %2: %3").arg(pixel.x()).arg(pixel.y()).arg(value.text());
+            text = pixelText(pixel.x(), pixel.y(), value.text());
         }
     }
     setText(m_cursorLabel, text);

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 class QAction;
+class QGridLayout;
 class QLabel;
 class QTimer;
 class QToolBar;
@@ -69,13 +70,26 @@ public:
     // Writes the shown frame. False with `error` set when there is none or it can't be written.
     bool saveImage(const QString& path, ImageWriter::Format format, QString* error) const;
 
+    // Whether the status shows as two lines of two texts, or, where the panel is too narrow
+    // for the longest texts side by side, as four lines of one.
+    bool statusInTwoColumns() const { return m_twoColumns; }
+
 Q_SIGNALS:
     // The histogram of the frame just handed to the view.
     void histogramChanged(const VantoViewer::Histogram& histogram);
     // The view has nothing to show any more (another camera, a failure); the histogram goes.
     void histogramCleared();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    static QString frameText(quint32 pixelFormat, quint32 width, quint32 height);
+    static QString ratesText(double receivedFps, double displayedFps, double megabytesPerSecond);
+    static QString countsText(quint64 incomplete, quint64 dropped);
+    static QString pixelText(int x, int y, const QString& value);
+    void arrangeStatusLines();
     void buildToolBar();
     void watchAcquisition(Plugin::Acquisition::IAcquisition* acquisition);
     void newConverter(const QSharedPointer<ParameterCollection::IParameterCollection>& collection);
@@ -118,10 +132,13 @@ private:
     QLabel* m_cursorLabel;         // child
     QLabel* m_ratesLabel;          // child
     QLabel* m_countsLabel;         // child
-    QAction* m_saveImage;          // child
-    QAction* m_fit;                // child
-    QAction* m_actualSize;         // child
-    QTimer* m_meterTimer;          // child
+    QGridLayout* m_statusLines;    // owned by the panel's layout
+    bool m_twoColumns = false;
+    bool m_statusArranged = false;
+    QAction* m_saveImage;  // child
+    QAction* m_fit;        // child
+    QAction* m_actualSize; // child
+    QTimer* m_meterTimer;  // child
     StreamMeter m_meter;
     QElapsedTimer m_clock;
 };

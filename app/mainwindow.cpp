@@ -622,6 +622,11 @@ QDockWidget* MainWindow::showPanel(const QString& idOrTitle)
     return nullptr;
 }
 
+Plugin::FeatureTree::IFeatureTreeControlService* MainWindow::featureTreeControl() const
+{
+    return m_controlService.data();
+}
+
 QDockWidget* MainWindow::devicesDock() const
 {
     return m_devicesDock;

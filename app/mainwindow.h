@@ -96,6 +96,8 @@ public:
     DevicesPane* devicesPane() const;
     ImagePanel* imagePanel() const { return m_imagePanel; }
     QDockWidget* histogramDock() const { return m_histogramDock; }
+    // The feature panels' controls, once the plug-in is attached; null before.
+    Plugin::FeatureTree::IFeatureTreeControlService* featureTreeControl() const;
     VisibilityToolBar* visibilityToolBar() const;
     FeatureStatusBar* featureStatusBar() const;
     FeatureSetActions* featureSetActions() const { return m_featureSets; }

@@ -10,6 +10,7 @@
 #include "syntheticacquisition.h"
 
 #include <acquisition/pixelformat.h>
+#include <featuretree/ifeaturetreecontrolservice.h>
 #include <acquisitionservice.h>
 #include <camerapool.h>
 #include <parametercollection/iparameter.h>
@@ -22,6 +23,7 @@
 #include <QDirIterator>
 #include <QDockWidget>
 #include <QFile>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -219,6 +221,41 @@ private Q_SLOTS:
         const quint64 painted = m_panel->view()->paintedCount();
         QVERIFY(m_panel->statusText().contains(
             QStringLiteral("dropped for display %1").arg(5 - painted)));
+    }
+
+    void theStatusTextsShowWholeAtAnyWidth()
+    {
+        m_firstAcquisition->start(IAcquisition::Continuous);
+        QVERIFY(show(*m_firstAcquisition, mono8Frame(8, 4, char(1), 1)));
+        for (quint64 id = 2; id <= 5; ++id) {
+            m_firstAcquisition->deliver(mono8Frame(8, 4, char(id), id));
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(m_panel->statusText().contains(QStringLiteral("fps received")),
+                                 10000);
+        const auto frame =
+            m_panel->findChild<QLabel*>(QStringLiteral("VantoViewer.ImagePanel.Frame"));
+        const auto rates =
+            m_panel->findChild<QLabel*>(QStringLiteral("VantoViewer.ImagePanel.Rates"));
+        const auto counts =
+            m_panel->findChild<QLabel*>(QStringLiteral("VantoViewer.ImagePanel.Counts"));
+        QVERIFY(frame && rates && counts);
+        // From a narrow panel, as beside the docks at 1280 x 800, to a wide one, and back
+        for (const int width : {420, 1600, 590}) {
+            m_panel->resize(width, 480);
+            QCoreApplication::processEvents();
+            QCOMPARE(m_panel->statusInTwoColumns(), width >= 1600);
+            for (QLabel* label : {frame, rates, counts}) {
+                // Then every text has the room it needs and no two cover each other
+                QVERIFY2(label->width() >= label->sizeHint().width(),
+                         qPrintable(QStringLiteral("%1 px: \"%2\" in %3 px")
+                                        .arg(width)
+                                        .arg(label->text())
+                                        .arg(label->width())));
+                QVERIFY(m_panel->rect().contains(label->geometry()));
+            }
+            QVERIFY(!frame->geometry().intersects(rates->geometry()));
+            QVERIFY(!rates->geometry().intersects(counts->geometry()));
+        }
     }
 
     void eachCameraKeepsItsAcquisitionAndItsImage()
@@ -460,8 +497,10 @@ private Q_SLOTS:
         plugins->unloadAll();
     }
 
-    // Pictures for the documentation, when asked for: the window at 1920 x 1080 on the
-    // built-in camera's scene in a colour format, with a logarithmic histogram.
+    // Pictures for the documentation, when asked for: the window at 1280 x 800 streaming the
+    // built-in camera with Gain raised and selected in the feature tree; then at 1920 x 1080 on
+    // the camera's scene in a colour format, with a logarithmic histogram; then a vendor's
+    // description streaming.
     void screenshots()
     {
         const QString directory = QString::fromUtf8(qgetenv("NODESCOPE_SCREENSHOT_DIR"));
@@ -474,11 +513,24 @@ private Q_SLOTS:
         std::unique_ptr<VantoViewer::MainWindow> window;
         const QString failure = startWindow(settings, plugins, window);
         QVERIFY2(failure.isEmpty(), qPrintable(failure));
-        window->resize(1920, 1080);
+        window->resize(1280, 800);
         window->addDevice(m_first);
+        QVERIFY(write(QStringLiteral("Gain"), 6.0));
+        ImagePanel* panel = window->imagePanel();
+        panel->acquisitionActions()->continuousShot()->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(panel->statusText().contains(QStringLiteral("fps received")),
+                                 20000);
+        QVERIFY(window->featureTreeControl());
+        window->featureTreeControl()->selectFeature(m_first, QStringLiteral("@CameraDevice/Gain"));
+        QCoreApplication::processEvents();
+        QVERIFY(window->grab().save(QDir(directory).filePath(QStringLiteral("vantoviewer.png"))));
+        panel->acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(panel->acquisitionActions()->acquisition()->state(), IAcquisition::Idle);
+        QVERIFY(write(QStringLiteral("Gain"), 0.0));
+
+        window->resize(1920, 1080);
         QVERIFY(write(QStringLiteral("PixelFormat"), QStringLiteral("BayerRG8")));
         window->histogramDock()->findChild<QCheckBox*>()->setChecked(true);
-        ImagePanel* panel = window->imagePanel();
         panel->acquisitionActions()->continuousShot()->trigger();
         // The rates need a second of frames.
         QTRY_VERIFY_WITH_TIMEOUT(panel->statusText().contains(QStringLiteral("fps received")),
@@ -493,6 +545,29 @@ private Q_SLOTS:
             QDir(directory).filePath(QStringLiteral("vantoviewer-histogram.png"))));
         panel->acquisitionActions()->stop()->trigger();
         QTRY_COMPARE(panel->acquisitionActions()->acquisition()->state(), IAcquisition::Idle);
+
+        // A vendor's description streaming at its simulated sensor's power-on state
+        const QString vendor = QString::fromUtf8(qgetenv("NODESCOPE_SHARED_DIR")) +
+                               QStringLiteral("/genicam/AVT_Manta_G507B.xml");
+        if (QFile::exists(vendor)) {
+            window->resize(1280, 800);
+            window->histogramDock()->findChild<QCheckBox*>()->setChecked(false);
+            const auto camera = m_pool->openSimulated(vendor);
+            window->addDevice(camera);
+            window->devicesPane()->setActiveDevice(camera);
+            panel->acquisitionActions()->continuousShot()->trigger();
+            QTRY_VERIFY_WITH_TIMEOUT(
+                panel->statusText().contains(QStringLiteral("fps received")) &&
+                    panel->statusText().contains(QStringLiteral("1280 × 1024")),
+                20000);
+            QCoreApplication::processEvents();
+            QVERIFY(window->grab().save(
+                QDir(directory).filePath(QStringLiteral("vantoviewer-vendor.png"))));
+            panel->acquisitionActions()->stop()->trigger();
+            QTRY_COMPARE(panel->acquisitionActions()->acquisition()->state(), IAcquisition::Idle);
+        } else {
+            qWarning("No %s: the vendor picture is not made.", qPrintable(vendor));
+        }
         window.reset();
         plugins->unloadAll();
     }
