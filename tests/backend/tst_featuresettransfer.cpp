@@ -93,6 +93,32 @@ QStringList failures(const FeatureSetTransfer::LoadReport& report)
     return rows;
 }
 
+// Loads the lines of a feature set, given without its header and end.
+FeatureSetTransfer::LoadReport loadLines(DeviceParameterCollection* collection,
+                                         const QByteArray& lines)
+{
+    const QByteArray text = "Nodescope feature set\nFormat: 1\n\n" + lines + "[End]\n";
+    return FeatureSetJob::loadAndWait(collection, FeatureSet::parse(text, QStringLiteral("lines")));
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile out(path);
+    return out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size();
+}
+
+// "@CameraDevice/Gain 0->2.5" for every change the load reports, sorted.
+QStringList changes(const FeatureSetTransfer::LoadReport& report)
+{
+    QStringList rows;
+    for (const auto& applied : report.applied) {
+        rows << applied.fullName + QLatin1Char(' ') + applied.before + QStringLiteral("->") +
+                    applied.written;
+    }
+    rows.sort();
+    return rows;
+}
+
 } // namespace
 
 void tst_FeatureSetTransfer::shouldRestoreTwentyChangedFeaturesAfterTheDefaultUserSet()
@@ -211,12 +237,7 @@ void tst_FeatureSetTransfer::shouldApplyEveryGoodLineAndReportEachBadOneWithItsR
     QVERIFY2(rows.at(3).startsWith(QStringLiteral("8 Gamma: not available")),
              qPrintable(rows.at(3)));
     // And the changes reported are the camera's: the selector walked and put back is none
-    QStringList changed;
-    for (const auto& applied : report.applied) {
-        changed << applied.fullName + QLatin1Char(' ') + applied.before + QStringLiteral("->") +
-                       applied.written;
-    }
-    changed.sort();
+    const QStringList changed = changes(report);
     QCOMPARE(changed, (QStringList{QStringLiteral("@CameraDevice/Gain 0->2.5"),
                                    QStringLiteral("@CameraDevice/ReverseY false->true"),
                                    QStringLiteral("@CameraDevice/Width 1920->800")}));
@@ -241,12 +262,8 @@ void tst_FeatureSetTransfer::shouldLeaveTheStreamsLockToTheAcquisition()
     QCOMPARE(set(camera, QStringLiteral("TLParamsLocked"), 0), QString());
 
     // A file that carries it anyway: the lock is reported, not written, and the rest applies.
-    const QByteArray text = "Nodescope feature set\nFormat: 1\n\n"
-                            "TLParamsLocked = 1\n" // 4
-                            "Width = 800\n"
-                            "[End]\n";
-    const auto report =
-        FeatureSetJob::loadAndWait(camera, FeatureSet::parse(text, QStringLiteral("locked")));
+    const auto report = loadLines(camera, "TLParamsLocked = 1\n" // 4
+                                          "Width = 800\n");
     QCOMPARE(valueOf(camera, QStringLiteral("TLParamsLocked")), QStringLiteral("0"));
     QCOMPARE(valueOf(camera, QStringLiteral("Width")), QStringLiteral("800"));
     const QStringList rows = failures(report);
@@ -369,11 +386,7 @@ void tst_FeatureSetTransfer::shouldSaveNoReadOnlySelectedFeatureOfADescriptionWi
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
     const QString file = dir.filePath(QStringLiteral("unmarked.xml"));
-    {
-        QFile out(file);
-        QVERIFY(out.open(QIODevice::WriteOnly));
-        QCOMPARE(out.write(xml), qint64(xml.size()));
-    }
+    QVERIFY(writeFile(file, xml));
     Backend::CameraPool pool;
     const auto info = pool.openSimulated(file);
     QVERIFY(info);
@@ -410,33 +423,20 @@ void tst_FeatureSetTransfer::shouldReportTheValueFromBeforeTheLoadWhereAnEarlier
         "<Sign>Unsigned</Sign><Endianess>LittleEndian</Endianess></MaskedIntReg>\n");
     QTemporaryDir dir;
     const QString file = dir.filePath(QStringLiteral("overlap.xml"));
-    {
-        QFile out(file);
-        QVERIFY(out.open(QIODevice::WriteOnly));
-        QCOMPARE(out.write(xml), qint64(xml.size()));
-    }
+    QVERIFY(writeFile(file, xml));
     Backend::CameraPool pool;
     DeviceParameterCollection* camera = deviceCollection(pool, pool.openSimulated(file));
     QCOMPARE(set(camera, QStringLiteral("Whole"), 0x0101), QString());
     QCOMPARE(valueOf(camera, QStringLiteral("Low")), QStringLiteral("1"));
 
     // When a file sets Whole, which moves Low to 5 on the way, and then Low
-    const QByteArray text = "Nodescope feature set\nFormat: 1\n\n"
-                            "Whole = 1285\n" // 0x0505
-                            "Low = 9\n"
-                            "[End]\n";
-    const auto report =
-        FeatureSetJob::loadAndWait(camera, FeatureSet::parse(text, QStringLiteral("overlap")));
+    const auto report = loadLines(camera, "Whole = 1285\n" // 0x0505
+                                          "Low = 9\n");
     QVERIFY2(report.failures.isEmpty(), qPrintable(failures(report).join(QLatin1Char('\n'))));
     QCOMPARE(valueOf(camera, QStringLiteral("Low")), QStringLiteral("9"));
 
     // Then Low is reported as it was before the load, not as the first line left it
-    QStringList changed;
-    for (const auto& applied : report.applied) {
-        changed << applied.fullName + QLatin1Char(' ') + applied.before + QStringLiteral("->") +
-                       applied.written;
-    }
-    changed.sort();
+    const QStringList changed = changes(report);
     QCOMPARE(changed, (QStringList{QStringLiteral("@CameraDevice/Low 1->9"),
                                    QStringLiteral("@CameraDevice/Whole 257->1285")}));
 }

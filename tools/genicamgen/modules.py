@@ -20,20 +20,26 @@ TL_IMPLEMENTED = 0x10F000  # one 4-byte register per feature, in the order they 
 tl_implemented = []
 
 
+def backing_reg(name, address, doc, invisible=True):
+    """A read-only 4-byte register that the backend answers: whether it backs a feature."""
+    return "\n".join(
+        ['\t<IntReg Name="%s" NameSpace="Custom">' % name,
+         "\t\t<ToolTip>%s</ToolTip>" % doc] +
+        (["\t\t<Visibility>Invisible</Visibility>"] if invisible else []) +
+        ["\t\t<Address>0x%X</Address>" % address,
+         "\t\t<Length>4</Length>",
+         "\t\t<AccessMode>RO</AccessMode>",
+         "\t\t<pPort>Device</pPort>",
+         "\t\t<Cachable>NoCache</Cachable>",
+         "\t\t<Sign>Unsigned</Sign>",
+         "\t\t<Endianess>LittleEndian</Endianess>",
+         "\t</IntReg>"])
+
+
 def tl_impl(cat, name):
     reg = "Vnt%sImplemented" % (name[3:] if name.startswith("Vnt") else name)
-    tl.helper(cat, "\n".join([
-        '\t<IntReg Name="%s" NameSpace="Custom">' % reg,
-        "\t\t<ToolTip>1 when the backend can back %s for this device.</ToolTip>" % name,
-        "\t\t<Visibility>Invisible</Visibility>",
-        "\t\t<Address>0x%X</Address>" % (TL_IMPLEMENTED + 4 * len(tl_implemented)),
-        "\t\t<Length>4</Length>",
-        "\t\t<AccessMode>RO</AccessMode>",
-        "\t\t<pPort>Device</pPort>",
-        "\t\t<Cachable>NoCache</Cachable>",
-        "\t\t<Sign>Unsigned</Sign>",
-        "\t\t<Endianess>LittleEndian</Endianess>",
-        "\t</IntReg>"]), reg)
+    tl.helper(cat, backing_reg(reg, TL_IMPLEMENTED + 4 * len(tl_implemented),
+                               "1 when the backend can back %s for this device." % name), reg)
     tl_implemented.append(name)
     return reg
 
@@ -118,28 +124,14 @@ COUNTS_PACKETS = "VntStreamCountsPacketsReg"
 NOT_HONOURED = "VntNotHonouredReg"
 
 
-def sg_backing_reg(name, address, doc):
-    return "\n".join([
-        '\t<IntReg Name="%s" NameSpace="Custom">' % name,
-        "\t\t<ToolTip>%s</ToolTip>" % doc,
-        "\t\t<Address>0x%X</Address>" % address,
-        "\t\t<Length>4</Length>",
-        "\t\t<AccessMode>RO</AccessMode>",
-        "\t\t<pPort>Device</pPort>",
-        "\t\t<Cachable>NoCache</Cachable>",
-        "\t\t<Sign>Unsigned</Sign>",
-        "\t\t<Endianess>LittleEndian</Endianess>",
-        "\t</IntReg>"])
-
-
 sg.section("What the camera's stream backs", "\n".join([
-    sg_backing_reg(HAS_BUFFERS, 0x200200,
-                   "1 when the camera has a stream whose buffers and counts the features show."),
-    sg_backing_reg(COUNTS_PACKETS, 0x200210,
-                   "1 when the camera's stream is a GigE Vision stream: packets, resends and missed frames "
-                   "are counted and its transport options apply."),
-    sg_backing_reg(NOT_HONOURED, 0x200220,
-                   "0: the stream does not honour the features that refer to it.")]),
+    backing_reg(HAS_BUFFERS, 0x200200,
+                "1 when the camera has a stream whose buffers and counts the features show.", invisible=False),
+    backing_reg(COUNTS_PACKETS, 0x200210,
+                "1 when the camera's stream is a GigE Vision stream: packets, resends and missed frames "
+                "are counted and its transport options apply.", invisible=False),
+    backing_reg(NOT_HONOURED, 0x200220,
+                "0: the stream does not honour the features that refer to it.", invisible=False)]),
     [HAS_BUFFERS, COUNTS_PACKETS, NOT_HONOURED])
 sg.defaults_note = "The statistics and the announced buffers are read from the camera's stream."
 sg.category("Root", None, "Root category of the stream grabber node map.", display="Root")
