@@ -1,12 +1,16 @@
 #include "apptestsupport.h"
+#include "acquisitionactions.h"
 #include "devicespane.h"
 #include "featurestatusbar.h"
 
+#include "imagepanel.h"
 #include "mainwindow.h"
 #include "openingprogress.h"
 #include "menuservice.h"
 #include "pluginmanager.h"
 
+#include <acquisition/iacquisition.h>
+#include <acquisition/pixelformat.h>
 #include <appcore/appcoreconstants.h>
 #include <camerapool.h>
 #include <deviceparametercollection.h>
@@ -33,6 +37,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <QtTest>
 
 #include <csignal>
@@ -207,6 +212,15 @@ private:
         return parameter->getParameterData()->value;
     }
 
+    static double meanOf(const Plugin::Acquisition::Frame& frame)
+    {
+        double sum = 0;
+        for (std::size_t i = 0; i < frame.size(); ++i) {
+            sum += frame.data()[i];
+        }
+        return frame.size() > 0 ? sum / double(frame.size()) : 0.0;
+    }
+
     // Opens the value editor of the feature's row the way a user does, with the row made
     // visible first; the editor is what took the keyboard.
     QWidget* startEditing(const QString& technicalName, QModelIndex* valueCell)
@@ -220,6 +234,12 @@ private:
             return nullptr;
         }
         const QModelIndex value = name.sibling(name.row(), 1);
+        // A user opens the categories down to it.
+        if (auto* tree = qobject_cast<QTreeView*>(view)) {
+            for (QModelIndex parent = name.parent(); parent.isValid(); parent = parent.parent()) {
+                tree->expand(parent);
+            }
+        }
         view->scrollTo(value);
         view->setCurrentIndex(value);
         if (!view->indexWidget(value)) {
@@ -435,6 +455,58 @@ private Q_SLOTS:
         QCOMPARE(readFromCamera(QStringLiteral("@CameraDevice/PayloadSize")).toLongLong(),
                  payloadBefore / before * target);
         m_writtenWidth = target;
+    }
+
+    // The fake camera scales its picture by 1 + GainRaw + log10(ExposureTimeAbs / 10000 us).
+    // Its description lists GainRaw in no category under Root, so the tree can't offer it:
+    // exposure is raised in the tree, as a user would, and the gain through the parameter
+    // layer the tree writes with.
+    void continuousShotShowsTheImageBrightenWhenExposureOrGainRises()
+    {
+        // Given the camera streaming into the window at no gain and 10 ms exposure
+        const QString gain = QStringLiteral("@CameraDevice/GainRaw");
+        const QString exposure = QStringLiteral("@CameraDevice/ExposureTimeAbs");
+        m_collection->getParameter(gain)->setValue(0);
+        m_collection->getParameter(exposure)->setValue(10000.0);
+        QCOMPARE(readFromCamera(gain).toLongLong(), 0);
+        VantoViewer::ImagePanel* panel = m_window->imagePanel();
+        Plugin::Acquisition::IAcquisition* acquisition = panel->acquisitionActions()->acquisition();
+        QVERIFY(acquisition);
+        panel->acquisitionActions()->continuousShot()->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(panel->shownFrame() && panel->shownFrame()->frameId() > 2, 10000);
+        QCOMPARE(panel->shownFrame()->pixelFormat(), Plugin::Acquisition::PixelFormat::Mono8);
+        const double dim = meanOf(*panel->shownFrame());
+
+        // When the user raises the exposure in the tree while it streams
+        QModelIndex cell;
+        QWidget* editor = startEditing(QStringLiteral("ExposureTimeAbs"), &cell);
+        QVERIFY(editor);
+        // A number's editor may stay open on its row after Enter; the camera has the value.
+        typeAndCommit(editor, cell, QStringLiteral("30000"));
+        QTRY_COMPARE(readFromCamera(exposure).toDouble(), 30000.0);
+        quint64 written = acquisition->latestFrame()->frameId();
+
+        // Then the frames the camera made after the write show brighter
+        QTRY_VERIFY_WITH_TIMEOUT(panel->shownFrame()->frameId() > written + 1, 10000);
+        const double exposed = meanOf(*panel->shownFrame());
+
+        // and brighter again once the gain goes up
+        m_collection->getParameter(gain)->setValue(2);
+        QCOMPARE(readFromCamera(gain).toLongLong(), 2);
+        written = acquisition->latestFrame()->frameId();
+        QTRY_VERIFY_WITH_TIMEOUT(panel->shownFrame()->frameId() > written + 1, 10000);
+        const double gained = meanOf(*panel->shownFrame());
+        qInfo("mean grey %.1f at 10 ms, %.1f at 30 ms, %.1f at 30 ms and GainRaw 2", dim, exposed,
+              gained);
+        QVERIFY2(exposed > dim * 1.2, qPrintable(QStringLiteral("%1 -> %2").arg(dim).arg(exposed)));
+        QVERIFY2(gained > exposed * 1.2,
+                 qPrintable(QStringLiteral("%1 -> %2").arg(exposed).arg(gained)));
+
+        panel->acquisitionActions()->stop()->trigger();
+        QTRY_COMPARE(acquisition->state(), Plugin::Acquisition::IAcquisition::Idle);
+        m_collection->getParameter(gain)->setValue(0);
+        m_collection->getParameter(exposure)->setValue(10000.0);
+        device()->waitForDevice();
     }
 
     void copyCameraFeaturesPutsTheNewValueOnTheClipboard()
