@@ -256,11 +256,9 @@ private:
         return editor->findChild<QLineEdit*>();
     }
 
-    // Types over the editor's text and presses Enter; true once the view has taken the value
-    // and closed the editor, which it does only after the event loop came round.
-    bool typeAndCommit(QWidget* editor, const QModelIndex& cell, const QString& text)
+    // Types over the editor's text and presses Enter.
+    static void type(QWidget* editor, const QString& text)
     {
-        QAbstractItemView* view = activeTree(allDock());
         editor->setFocus();
         if (auto* line = qobject_cast<QLineEdit*>(editor)) {
             line->selectAll();
@@ -269,6 +267,14 @@ private:
         }
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
+    }
+
+    // Types and presses Enter; true once the view has taken the value and closed the editor,
+    // which it does only after the event loop came round.
+    bool typeAndCommit(QWidget* editor, const QModelIndex& cell, const QString& text)
+    {
+        QAbstractItemView* view = activeTree(allDock());
+        type(editor, text);
         return view && QTest::qWaitFor([view, cell] { return !view->indexWidget(cell); }, 5000);
     }
 
@@ -481,8 +487,8 @@ private Q_SLOTS:
         QModelIndex cell;
         QWidget* editor = startEditing(QStringLiteral("ExposureTimeAbs"), &cell);
         QVERIFY(editor);
-        // A number's editor may stay open on its row after Enter; the camera has the value.
-        typeAndCommit(editor, cell, QStringLiteral("30000"));
+        // A number's editor stays open on its row after Enter; the camera has the value.
+        type(editor, QStringLiteral("30000"));
         QTRY_COMPARE(readFromCamera(exposure).toDouble(), 30000.0);
         quint64 written = acquisition->latestFrame()->frameId();
 
