@@ -369,12 +369,9 @@ void StreamChannel::lockParams(DeviceWorker& worker, bool lock)
     }
     GError* gerror = nullptr;
     arv_gc_integer_set_value(ARV_GC_INTEGER(node), lock ? 1 : 0, &gerror);
-    const bool written = gerror == nullptr;
+    // Released or not, the next start tries again from a clean slate.
+    m_paramsLocked = lock && gerror == nullptr;
     g_clear_error(&gerror);
-    if (written || !lock) {
-        // Released or not, the next start tries again from a clean slate.
-        m_paramsLocked = lock && written;
-    }
     republish(worker, worker.mapIndex(kCamera), QStringLiteral("TLParamsLocked"));
 }
 

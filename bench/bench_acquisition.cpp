@@ -7,6 +7,8 @@
 //
 // The fake camera runs on 127.0.0.1 only, inside a private network namespace: the benchmark
 // starts itself again through run-in-netns.sh when it is not in one. Prints; never fails.
+#include "fakecamerasupport.h"
+
 #include <acquisition.h>
 #include <acquisitionservice.h>
 #include <barestreamloop.h>
@@ -18,7 +20,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
@@ -59,26 +60,6 @@ double rssMiB()
                              : -1;
 }
 
-void spin(int ms)
-{
-    QEventLoop loop;
-    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-// The fake camera, once it answers; it needs a moment to bind its socket.
-QSharedPointer<Backend::CameraInfo> openFakeCamera(Backend::CameraPool& pool)
-{
-    for (int attempt = 0; attempt < 50; ++attempt) {
-        try {
-            return pool.openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const ParameterCollection::Exception&) {
-            spin(100);
-        }
-    }
-    return nullptr;
-}
-
 Figures throughOurStream(int size, int seconds)
 {
     Figures f;
@@ -101,17 +82,17 @@ Figures throughOurStream(int size, int seconds)
     QObject::connect(acquisition, &Plugin::Acquisition::IAcquisition::frameReady, &consumer,
                      [&] { taken += acquisition->latestFrame() ? 1 : 0; });
     acquisition->start(Plugin::Acquisition::IAcquisition::Continuous);
-    spin(1000); // warm up
+    turnEventLoop(1000); // warm up
     const auto before = acquisition->statistics();
     const double cpu0 = cpuSeconds();
     QElapsedTimer clock;
     clock.start();
-    spin(seconds * 1000);
+    turnEventLoop(seconds * 1000);
     const double elapsed = clock.elapsed() / 1000.0;
     const auto after = acquisition->statistics();
     const double cpu = cpuSeconds() - cpu0;
     acquisition->stop();
-    spin(300);
+    turnEventLoop(300);
     f.frames = after.completed - before.completed;
     f.failed = (after.incomplete - before.incomplete) + (after.underruns - before.underruns);
     f.fps = double(f.frames) / elapsed;
@@ -171,14 +152,14 @@ void rssDrift(int seconds)
     QObject::connect(acquisition, &Plugin::Acquisition::IAcquisition::frameReady, &consumer,
                      [&] { acquisition->latestFrame(); });
     acquisition->start(Plugin::Acquisition::IAcquisition::Continuous);
-    spin(2000); // buffers, pools and Aravis's own tables settle first
+    turnEventLoop(2000); // buffers, pools and Aravis's own tables settle first
     const double start = rssMiB();
     const auto before = acquisition->statistics();
-    spin(seconds * 1000);
+    turnEventLoop(seconds * 1000);
     const double end = rssMiB();
     const auto after = acquisition->statistics();
     acquisition->stop();
-    spin(300);
+    turnEventLoop(300);
     std::printf("RSS over %d s of 512 x 512 Mono8 streaming (%llu frames): %.2f MiB -> %.2f MiB, "
                 "drift %+.3f MiB (target < 1 MiB)\n",
                 seconds, after.completed - before.completed, start, end, end - start);

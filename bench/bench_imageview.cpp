@@ -13,6 +13,8 @@
 #include "imageview.h"
 #include "mainwindow.h"
 
+#include "fakecamerasupport.h"
+
 #include "../tests/fakegigecamera.h"
 
 #include <acquisition/iacquisition.h>
@@ -23,14 +25,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSize>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -50,13 +50,6 @@ constexpr double HIGHEST_RATE_HZ = 1000.0; // the fake camera's AcquisitionFrame
 constexpr double USUAL_RATE_HZ = 30.0;
 constexpr int LARGE_SIDE = 2048; // the fake camera's whole sensor, 4 MP
 const QString ADDRESS = QStringLiteral("127.0.0.1");
-
-void turnEventLoop(int ms)
-{
-    QEventLoop loop;
-    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-    loop.exec();
-}
 
 // Aravis's own loop: the frames per second it prints once a second, the first one left out.
 double bareLoopFps(int seconds)
@@ -116,20 +109,6 @@ qint64 steadyNowNs()
         .count();
 }
 
-QSharedPointer<Backend::CameraInfo> openWhenItAnswers(Backend::CameraPool& pool)
-{
-    QElapsedTimer waited;
-    waited.start();
-    while (waited.elapsed() < 10000) {
-        try {
-            return pool.openDevice(ADDRESS);
-        } catch (const std::exception&) {
-            QThread::msleep(100);
-        }
-    }
-    return {};
-}
-
 struct WindowRun {
     double receivedFps = 0;
     double displayedFps = 0;
@@ -147,7 +126,7 @@ WindowRun windowRun(int seconds, double rateHz, int side = 0)
 {
     WindowRun run;
     auto pool = QSharedPointer<Backend::CameraPool>::create();
-    const auto info = openWhenItAnswers(*pool);
+    const auto info = openFakeCamera(*pool);
     if (!info) {
         return run;
     }

@@ -1,4 +1,5 @@
 #include "../fakegigecamera.h"
+#include "testsupport.h"
 
 #include <acquisition.h>
 #include <acquisitionservice.h>
@@ -470,15 +471,7 @@ void tst_Acquisition::shouldStreamFromTheFakeGigECameraAndSurviveItsDeath()
     if (!unavailable.isEmpty()) {
         QSKIP(qPrintable(unavailable));
     }
-    QElapsedTimer waited;
-    waited.start();
-    while (!m_info && waited.elapsed() < 10000) {
-        try {
-            m_info = m_pool->openDevice(QStringLiteral("127.0.0.1"));
-        } catch (const Exception&) {
-            QTest::qWait(100);
-        }
-    }
+    m_info = openFakeGigECamera(*m_pool);
     QVERIFY2(m_info, "the fake camera did not answer on 127.0.0.1");
     m_acquisition = m_service->acquisitionOf(m_info);
     QVERIFY(m_acquisition);
